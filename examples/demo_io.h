@@ -1,0 +1,195 @@
+/**
+ * Sockets on the loopback interface and the transcript: what the example programs need besides messages.
+ */
+#ifndef EXAMPLES_DEMO_IO_H
+#define EXAMPLES_DEMO_IO_H
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace demo {
+
+/** Owns a descriptor. */
+struct Socket
+{
+    int fd = -1;
+
+    Socket() = default;
+    explicit Socket(int owned) : fd(owned) {}
+    Socket(Socket&& other) noexcept : fd(std::exchange(other.fd, -1)) {}
+    Socket& operator=(Socket&& other) noexcept
+    {
+        std::swap(fd, other.fd);
+        return *this;
+    }
+    Socket(const Socket&) = delete;
+    Socket& operator=(const Socket&) = delete;
+    ~Socket()
+    {
+        if (fd >= 0)
+            ::close(fd);
+    }
+
+    bool isOpen() const
+    {
+        return fd >= 0;
+    }
+};
+
+inline sockaddr_in loopbackAddress(std::uint16_t port)
+{
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    return address;
+}
+
+/** A peer that doesn't read holds a writer up for this long at most; small writes leave at once. */
+inline void prepareStream(const Socket& socket)
+{
+    const timeval limit = {2, 0};
+    ::setsockopt(socket.fd, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
+    const int on = 1;
+    ::setsockopt(socket.fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+}
+
+/** Listens on a port, or on a free one if it is 0; `port` becomes the real one. The socket is closed after a
+ * failure. */
+inline Socket listenOn(std::uint16_t& port)
+{
+    Socket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (!socket.isOpen())
+        return Socket();
+    const int on = 1;
+    ::setsockopt(socket.fd, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+    sockaddr_in address = loopbackAddress(port);
+    socklen_t size = sizeof address;
+    if (::bind(socket.fd, reinterpret_cast<const sockaddr*>(&address), size) != 0 ||
+        ::listen(socket.fd, 8) != 0 ||
+        ::getsockname(socket.fd, reinterpret_cast<sockaddr*>(&address), &size) != 0)
+        return Socket();
+    port = ntohs(address.sin_port);
+    return socket;
+}
+
+/** Closed if nobody waits. */
+inline Socket acceptFrom(const Socket& listener)
+{
+    Socket socket(::accept4(listener.fd, nullptr, nullptr, SOCK_CLOEXEC));
+    if (socket.isOpen())
+        prepareStream(socket);
+    return socket;
+}
+
+/** Closed if nobody listens there. */
+inline Socket connectTo(std::uint16_t port)
+{
+    Socket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const sockaddr_in address = loopbackAddress(port);
+    if (!socket.isOpen() ||
+        ::connect(socket.fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+        return Socket();
+    prepareStream(socket);
+    return socket;
+}
+
+inline bool sendAll(const Socket& socket, const char* data, std::size_t count)
+{
+    while (count > 0) {
+        const ssize_t sent = ::send(socket.fd, data, count, MSG_NOSIGNAL);
+        if (sent < 0 && errno == EINTR)
+            continue;
+        if (sent <= 0)
+            return false;
+        data += sent;
+        count -= static_cast<std::size_t>(sent);
+    }
+    return true;
+}
+
+enum class ReceiveState
+{
+    Data,
+    Closed, /**< by the peer, orderly or not */
+    Timeout
+};
+
+/** Takes what is there, waiting for it if nothing is. */
+inline ReceiveState receiveSome(const Socket& socket, char* buffer, std::size_t size, int timeoutMs,
+                                std::size_t& received)
+{
+    received = 0;
+    pollfd wanted = {socket.fd, POLLIN, 0};
+    if (::poll(&wanted, 1, timeoutMs) <= 0)
+        return ReceiveState::Timeout;
+    const ssize_t count = ::recv(socket.fd, buffer, size, 0);
+    if (count <= 0)
+        return ReceiveState::Closed;
+    received = static_cast<std::size_t>(count);
+    return ReceiveState::Data;
+}
+
+/** Reads a whole decimal number within 0 and `limit`. */
+inline bool readNumber(std::string_view text, int limit, int& number)
+{
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || value < 0 || value > limit)
+        return false;
+    number = value;
+    return true;
+}
+
+/** What comes from a peer must not move the terminal's cursor. */
+inline std::string printable(std::string_view text)
+{
+    std::string result(text);
+    for (char& c : result)
+        if (c < 0x20 || c > 0x7e)
+            c = '?';
+    return result;
+}
+
+/** One line in one write, so that the lines of two programs don't mix. */
+inline void printLine(const std::string& line)
+{
+    std::fputs((line + "\n").c_str(), stdout);
+    std::fflush(stdout);
+}
+
+inline void printNote(const char* who, const std::string& note)
+{
+    printLine(std::string(who) + "  --  " + note);
+}
+
+/** One message: `direction` is "->" or "<-", `bytes` counts the frame with its head. */
+inline void printMessage(const char* who, const char* direction, std::string_view type, std::string_view code,
+                         std::size_t bytes, int status, std::string_view note)
+{
+    std::string line = std::string(who) + "  " + direction;
+    for (const std::string_view name : {type, code})
+        line += "  " + (name.empty() ? "-" : printable(name));
+    line += "  " + std::to_string(bytes) + " bytes  status " + std::to_string(status);
+    if (!note.empty())
+        line += "  " + printable(note);
+    printLine(line);
+}
+
+} // namespace demo
+
+#endif

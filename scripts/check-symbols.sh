@@ -1,0 +1,75 @@
+#!/usr/bin/env bash
+# Checks what the codec library needs and shows, in a shared build:
+#   - an undefined symbol belongs to the C or C++ runtime (it has one of their versions) or to the services
+#     of platform/include;
+#   - it exports exactly the functions that the public headers declare;
+#   - it holds no writable data, so nothing is kept between calls.
+#
+#   check-symbols.sh libzelprotocol.so
+set -euo pipefail
+export LC_ALL=C
+
+library=${1:?usage: check-symbols.sh libzelprotocol.so}
+root=$(cd "$(dirname "$0")/.." && pwd)
+failed=0
+
+expect_none() { # expect_none TEXT CULPRITS
+    if [ -n "$2" ]; then
+        echo "$library: $1" >&2
+        c++filt <<<"$2" | sed 's/^/    /' >&2
+        failed=1
+    fi
+}
+
+services='P2pProtocolDecode
+P2pProtocolEncode
+ZelProtocolDecode
+ZelProtocolEncode
+ZelProtocolFree
+ZelProtocolLogDebug
+ZelProtocolLogError
+ZelProtocolLogInfo
+ZelProtocolMalloc
+ZelXMLParser::Attribute(void*, char const*) const
+ZelXMLParser::FirstChildElement(void*, char const*) const
+ZelXMLParser::GetText(void*) const
+ZelXMLParser::NextSiblingElement(void*, char const*) const
+ZelXMLParser::Parse(char const*)
+ZelXMLParser::Parse(char const*, int)
+ZelXMLParser::RootElement() const
+ZelXMLParser::release(ZelXMLDocument*)
+getXmlFloatTypeParamAttribute(ZelXMLParser, void*, char const*, float*)
+getXmlIntTypeParamAttribute(ZelXMLParser, void*, char const*, int*)
+getXmlIntTypeParamByGetText(ZelXMLParser, void*, int*)
+getXmlStringTypeParamAttribute(ZelXMLParser, void*, char const*, char*, int)
+getXmlStringTypeParamByGetText(ZelXMLParser, void*, char*, int)
+getXmlUCharTypeParamAttribute(ZelXMLParser, void*, char const*, unsigned char*)
+getXmlUIntTypeParamAttribute(ZelXMLParser, void*, char const*, unsigned int*)
+getXmlUllTypeParamAttribute(ZelXMLParser, void*, char const*, unsigned long long*)'
+
+# Every shared object has these weak ones from the compiler's start files.
+start_files='__gmon_start__
+_ITM_deregisterTMCloneTable
+_ITM_registerTMCloneTable
+__cxa_finalize'
+
+undefined=$(nm -D --undefined-only "$library" | awk '{ print $2 }')
+exported=$(nm -D --defined-only "$library" | awk '{ print $3 }' | sort -u)
+if [ -z "$undefined" ] || [ -z "$exported" ]; then
+    echo "$library: nm shows no dynamic symbols" >&2
+    exit 1
+fi
+
+unversioned=$(sed -E '/@(GLIBC|GLIBCXX|CXXABI|GCC)_[0-9.]+$/d' <<<"$undefined" | c++filt | sort -u)
+expect_none 'needs more than the standard library and the services of the platform interface:' \
+    "$(comm -23 <(echo "$unversioned") <(printf '%s\n%s\n' "$services" "$start_files" | sort -u))"
+
+declared=$(cat "$root"/include/zel_protocol/*.h | sed -nE 's/^ZEL_API .*[ *]([A-Za-z0-9_]+)\(.*/\1/p' | sort -u)
+expect_none 'exports what no public header declares:' "$(comm -23 <(echo "$exported") <(echo "$declared"))"
+expect_none 'lacks what a public header declares:' "$(comm -13 <(echo "$exported") <(echo "$declared"))"
+
+# `completed.0` is the start files' own flag.
+expect_none 'keeps writable data:' "$(objdump -t "$library" |
+    awk '/[ \t]\.(data|bss|tdata|tbss)\t/ && $3 != "d" && $(NF - 1) !~ /^0+$/ && $NF !~ /^completed\./ { print $NF }')"
+
+exit $failed

@@ -1,0 +1,76 @@
+#!/usr/bin/env bash
+# Installs what the build and the tests need, and says what that is. Does nothing when all is there.
+#
+#   install-dependencies.sh       what `make test` and `make demo` need
+#   install-dependencies.sh ci    what .ci/run needs on top
+set -euo pipefail
+
+has_cmake() { # 3.20 or later
+    command -v cmake >/dev/null &&
+        [ "$(printf '3.20\n%s\n' "$(cmake --version | sed -n '1s/[^0-9]*//p')" | sort -V | head -n 1)" = 3.20 ]
+}
+has_command() { command -v "$1" >/dev/null; }
+has_library() { has_command pkg-config && pkg-config --exists "$1"; }
+has_compiler() { has_command "${CXX:-c++}"; }
+has_clang_runtime() {
+    has_command clang++ && printf 'int main() {}' | clang++ -x c++ -fsanitize=address - -o /dev/null 2>/dev/null
+}
+
+packages=()
+names=()
+# need PACKAGE NAME CHECK...: notes what a check doesn't find.
+need() {
+    local package=$1 name=$2
+    shift 2
+    if ! "$@"; then
+        packages+=("$package")
+        names+=("$name")
+    fi
+}
+
+need cmake 'CMake 3.20 or later' has_cmake
+need g++ 'a C++17 compiler' has_compiler
+need make 'make' has_command make
+need pkg-config 'pkg-config' has_command pkg-config
+need libpugixml-dev 'pugixml 1.11 or later' has_library pugixml
+need libsodium-dev 'libsodium' has_library libsodium
+need libgtest-dev 'GoogleTest' has_library gtest
+case "${1:-}" in
+'') ;;
+ci)
+    need g++ 'GCC' has_command g++
+    need clang 'clang' has_command clang++
+    need libclang-rt-14-dev "clang's sanitizer and fuzzer runtime" has_clang_runtime
+    need clang-format-14 'clang-format 14' has_command clang-format-14
+    need binutils 'nm and readelf' has_command readelf
+    need git 'git' has_command git
+    ;;
+*)
+    echo "usage: $0 [ci]" >&2
+    exit 2
+    ;;
+esac
+
+if [ ${#packages[@]} -eq 0 ]; then
+    exit 0
+fi
+
+give_up() {
+    echo "$0: $1" >&2
+    echo 'Needed and not found:' >&2
+    printf '  %s\n' "${names[@]}" >&2
+    exit 1
+}
+
+has_command apt-get || give_up 'this system has no apt-get, so please install these by hand.'
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+    has_command sudo || give_up "not root and no sudo; as root: apt-get install ${packages[*]}"
+    as_root=(sudo)
+fi
+
+echo "Installing with apt-get: ${packages[*]}"
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get -q update
+"${as_root[@]}" apt-get -q install -y --no-install-recommends "${packages[@]}" ||
+    give_up 'apt-get could not install all of it.'

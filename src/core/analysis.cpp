@@ -1,0 +1,203 @@
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+
+#include "core/families.h"
+#include "core/header.h"
+#include "core/search.h"
+#include "zel_platform/codec.h"
+#include "zel_platform/log.h"
+#include "zel_platform/memory.h"
+
+namespace zel {
+
+namespace {
+
+constexpr size_t kScratchOnStack = 8192;
+
+// One payload on its way in, deciphered.
+struct Inbound
+{
+    char* bytes;
+    size_t size;
+    int sourceLength; // as it was received
+    ZEL_PROTOCOL_HEADER& header;
+    void** result;
+};
+
+int analyseFamily(Message& message, std::string_view type, std::string_view code, void** result)
+{
+    if (isHeartbeat(type, code))
+        return GetMessageHeaderEx(message, result);
+    if (type == "USER_AUTH_MESSAGE")
+        return UserAuthMessageAnalysis(message, result);
+    if (type == "NVR_REPLAY_MESSAGE")
+        return NvrReplayMessageAnalysis(message, code, result);
+    if (type == "OPEN_DBG_MESSAGE" || type == "CLOSE_DBG_MESSAGE")
+        return 0;
+    ZelProtocolLogError("ZelProtocolMSGAnalysisStart deal a unknow Msg_type:%.*s Msg_code:%.*s !!!\n",
+                        printedLength(type), type.data(), printedLength(code), code.data());
+    return ZEL_ERR_UNKNOWN_MSG;
+}
+
+// The wrapped message is what was received from its header on, whatever lies behind it included.
+int giveTransparent(const Inbound& inbound, const ElementReader& element)
+{
+    TRANSPARENT_HEADER* record = nullptr;
+    const std::string_view received(inbound.bytes, inbound.size);
+    memset(inbound.header.Msg_type, 0, sizeof inbound.header.Msg_type);
+    readText(element, "Trans_Type", inbound.header.Msg_type, sizeof inbound.header.Msg_type);
+    const size_t start = find(received.substr(0, strnlen(inbound.bytes, inbound.size)), kMessageHeaderTag);
+    if (start == std::string_view::npos)
+        return ZEL_ERR_NO_ENVELOPE;
+    const size_t length = inbound.size - start;
+    if (length > sizeof record->acTransData)
+        return ZEL_ERR_BUFFER_SMALL;
+    const int status = giveRecord(inbound.result, TRANSPARENT_HEADER_init, [&](TRANSPARENT_HEADER& header) {
+        readTransparentHeader(element, header);
+        memcpy(header.acTransData, inbound.bytes + start, length);
+        header.iTransDataLen = static_cast<int32_t>(length);
+    });
+    return status != 0 ? status : static_cast<int>(length);
+}
+
+int analyseMessage(Message& message, const Inbound& inbound)
+{
+    ElementReader transparent;
+    if (findTransparentHeader(message, transparent) == 0)
+        return giveTransparent(inbound, transparent);
+    const int status = GetMessageHeader(message, inbound.header);
+    if (status < 0) {
+        ZelProtocolLogError("GetMessageHeader failed! nRet:%d \n", status);
+        return ZEL_ERR_NO_HEADER;
+    }
+    return analyseFamily(message, textOf(inbound.header.Msg_type), textOf(inbound.header.Msg_code),
+                         inbound.result);
+}
+
+void logText(std::string_view text)
+{
+    ZelProtocolLogInfo("ZelProtocolMSGAnalysisStart get msgbuf:%.*s\n", printedLength(text), text.data());
+}
+
+// Some recorders ask for a channel's media without quotes: ChannelId=3/>. The value's place, or an empty
+// range.
+struct Unquoted
+{
+    size_t begin = 0;
+    size_t end = 0;
+};
+
+Unquoted findUnquotedChannel(std::string_view text)
+{
+    if (find(text, kConfigGetType) == std::string_view::npos)
+        return {};
+    const size_t name = find(text, kChannelIdName);
+    if (name == std::string_view::npos)
+        return {};
+    const size_t begin = name + kChannelIdName.text.size();
+    const size_t end = text.find('/', begin);
+    if (end == std::string_view::npos || text[begin] == '"')
+        return {};
+    for (const std::string_view code : {"501", "2511", "2560", "2561"})
+        if (text.find(code) != std::string_view::npos)
+            return {begin, end};
+    return {};
+}
+
+int analyseRepaired(std::string_view text, const Unquoted& channel, const Inbound& inbound)
+{
+    char onStack[kScratchOnStack];
+    const size_t size = text.size() + 2;
+    const bool small = size <= sizeof onStack;
+    char* repaired = small ? onStack : static_cast<char*>(ZelProtocolMalloc(size));
+    if (!repaired) {
+        ZelProtocolLogError("ZelProtocolMalloc faile!!\n");
+        return ZEL_ERR_NO_MEMORY;
+    }
+    TextWriter out(repaired, size);
+    out.append(text.data(), channel.begin);
+    out.append("\"");
+    out.append(text.data() + channel.begin, channel.end - channel.begin);
+    out.append("\"");
+    out.append(text.data() + channel.end, text.size() - channel.end);
+    int status;
+    {
+        Message message({repaired, size}, size, inbound.sourceLength);
+        logText(message.text);
+        status = analyseMessage(message, inbound);
+    }
+    if (!small)
+        ZelProtocolFree(repaired);
+    return status;
+}
+
+int analyseBytes(const Inbound& inbound)
+{
+    const std::string_view received(inbound.bytes, inbound.size);
+    const size_t tag = find(received, kClosingTag);
+    if (tag == std::string_view::npos || memchr(inbound.bytes, 0, tag))
+        return ZEL_ERR_NO_ENVELOPE;
+    const std::string_view text = received.substr(0, tag + kClosingTag.text.size());
+    if (text.size() < inbound.size)
+        inbound.bytes[text.size()] = '\0';
+    logText(text);
+    const Unquoted channel = findUnquotedChannel(text);
+    if (channel.end != 0)
+        return analyseRepaired(text, channel, inbound);
+    Message message(text, inbound.size, inbound.sourceLength);
+    return analyseMessage(message, inbound);
+}
+
+int decipher(const char* source, int sourceLength, int mode, void* arg, char* scratch, size_t size)
+{
+    const int capacity = size < INT_MAX ? static_cast<int>(size) : INT_MAX;
+    const int length = mode == 0 ? P2pProtocolDecode(0, source, sourceLength, scratch, capacity)
+                                 : ZelProtocolDecode(mode, source, sourceLength, scratch, capacity, arg);
+    return length < 0 || length > capacity ? ZEL_ERR_CODEC : length;
+}
+
+int analyseEnciphered(const Inbound& inbound, int mode, void* arg)
+{
+    char onStack[kScratchOnStack];
+    const size_t wanted = 2 * inbound.size;
+    const bool small = wanted <= sizeof onStack;
+    const size_t size = small ? sizeof onStack : wanted;
+    char* scratch = small ? onStack : static_cast<char*>(ZelProtocolMalloc(size));
+    if (!scratch) {
+        ZelProtocolLogError("ZelProtocolMalloc faile!!\n");
+        return ZEL_ERR_NO_MEMORY;
+    }
+    int status = decipher(inbound.bytes, inbound.sourceLength, mode, arg, scratch, size);
+    if (status >= 0)
+        status = analyseBytes(
+            {scratch, static_cast<size_t>(status), inbound.sourceLength, inbound.header, inbound.result});
+    if (!small)
+        ZelProtocolFree(scratch);
+    return status;
+}
+
+} // namespace
+
+} // namespace zel
+
+int ZelProtocolMSGAnalysisStart(char* payload, int srcLen, int iCodecMode, void* iCodecArg,
+                                ZEL_PROTOCOL_HEADER* header, void** result)
+{
+    if (!payload || !header || srcLen < 1) {
+        ZelProtocolLogError("ZelProtocolXMLAnalysis Invaild Input Param\n");
+        return ZEL_ERR_BAD_PARAM;
+    }
+    const zel::Inbound inbound{payload, static_cast<size_t>(srcLen), srcLen, *header, result};
+    return iCodecMode < 0 ? zel::analyseBytes(inbound)
+                          : zel::analyseEnciphered(inbound, iCodecMode, iCodecArg);
+}
+
+int ZelProtocolMSGAnalysisStop(void** result)
+{
+    if (result && *result) {
+        free(*result);
+        *result = nullptr;
+    }
+    return 0;
+}

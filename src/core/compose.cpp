@@ -1,0 +1,265 @@
+#include <climits>
+
+#include "core/families.h"
+#include "core/transparent_list.h"
+#include "zel_platform/codec.h"
+#include "zel_platform/log.h"
+#include "zel_platform/memory.h"
+
+namespace zel {
+
+namespace {
+
+constexpr char kPlainMagic[4] = {0x58, '\x91', 0x58, 0x51};
+constexpr char kEncipheredMagic[4] = {0x57, '\x81', 0x59, 0x52};
+constexpr size_t kHeadSize = 8;
+
+// A body has this much room even where the caller's buffer is smaller.
+constexpr size_t kLeastBodyBuffer = 8192;
+
+constexpr size_t kScratchOnStack = 8192;
+
+struct Frame
+{
+    int mode;
+    void* arg;
+    char* buffer;
+    size_t size;
+
+    // The text is put together where a plain frame wants it, one byte short of what a frame may hold.
+    TextWriter text() const
+    {
+        return size > kHeadSize ? TextWriter(buffer + kHeadSize, size - kHeadSize - 1)
+                                : TextWriter(buffer, 0);
+    }
+};
+
+void putLength(char* head, uint32_t length)
+{
+    for (int i = 0; i < 4; ++i)
+        head[4 + i] = static_cast<char>(length >> (8 * i) & 0xFF);
+}
+
+int encipherInto(const Frame& frame, const char* text, size_t length, char* scratch)
+{
+    const size_t room = 2 * frame.size - kHeadSize;
+    const int capacity = room < INT_MAX ? static_cast<int>(room) : INT_MAX;
+    const int source = static_cast<int>(length);
+    const int written = frame.arg ? ZelProtocolEncode(frame.mode, text, source, scratch, capacity, frame.arg)
+                                  : P2pProtocolEncode(frame.mode, text, source, scratch, capacity);
+    ZelProtocolLogInfo("ZelProtocolEncode done, ret:%d\n", written);
+    if (written < 0) {
+        ZelProtocolLogError("ZelProtocolEncode faile!!, ret:%d\n", written);
+        return ZEL_ERR_CODEC;
+    }
+    if (static_cast<size_t>(written) > frame.size - kHeadSize)
+        return ZEL_ERR_BUFFER_SMALL;
+    memcpy(frame.buffer + kHeadSize, scratch, static_cast<size_t>(written));
+    return written;
+}
+
+int encipherOnScratch(const Frame& frame, const char* text, size_t length)
+{
+    if ((length + 4) * 2 >= frame.size)
+        return ZEL_ERR_BUFFER_SMALL;
+    char onStack[kScratchOnStack];
+    const bool small = 2 * frame.size <= sizeof onStack;
+    char* scratch = small ? onStack : static_cast<char*>(ZelProtocolMalloc(2 * frame.size));
+    if (!scratch) {
+        ZelProtocolLogError("ZelProtocolMalloc faile!!\n");
+        return ZEL_ERR_NO_MEMORY;
+    }
+    const int written = encipherInto(frame, text, length, scratch + kHeadSize);
+    if (!small)
+        ZelProtocolFree(scratch);
+    return written;
+}
+
+int encipher(const Frame& frame, const TextWriter& text)
+{
+    const size_t length = text.kept();
+    const int written = encipherOnScratch(frame, text.begin, length);
+    // The text lies where the frame's payload goes: nothing of it may be left in the clear.
+    const size_t covered = written > 0 ? static_cast<size_t>(written) : 0;
+    if (covered < length)
+        memset(text.begin + covered, 0, length - covered);
+    return written;
+}
+
+// Makes a frame of the text that frame.text() holds; returns the payload's length.
+int ZelProtocolMessageEncryption(const Frame& frame, const TextWriter& text)
+{
+    if (text.kept() < 1) {
+        ZelProtocolLogError("ZelProtocolMessageEncryption faile!!\n");
+        return ZEL_ERR_CODEC;
+    }
+    if (frame.mode < 0) {
+        memcpy(frame.buffer, kPlainMagic, sizeof kPlainMagic);
+        return static_cast<int>(text.kept());
+    }
+    const int written = encipher(frame, text);
+    if (written >= 0)
+        memcpy(frame.buffer, kEncipheredMagic, sizeof kEncipheredMagic);
+    return written;
+}
+
+int failedEncryption(int status)
+{
+    ZelProtocolLogError("ZelProtocolMessageEncryption failed , ret : %d\n", status);
+    return status;
+}
+
+int composeTransparent(const Frame& frame, const TRANSPARENT_HEADER& header)
+{
+    TextWriter out = frame.text();
+    out.append("<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n");
+    element(out, "TRANSPARENT_HEADER", [&](TextWriter& side) { transparentAttributes(side, header); });
+    if (header.iTransDataLen < 0 || static_cast<size_t>(header.iTransDataLen) > sizeof header.acTransData)
+        return ZEL_ERR_BUFFER_SMALL;
+    out.append(header.acTransData, static_cast<size_t>(header.iTransDataLen));
+    if (out.overflowed())
+        return ZEL_ERR_BUFFER_SMALL;
+    const int payload = ZelProtocolMessageEncryption(frame, out);
+    if (payload < 0)
+        return failedEncryption(payload);
+    putLength(frame.buffer, static_cast<uint32_t>(payload));
+    return payload + static_cast<int>(kHeadSize);
+}
+
+// One message on its way out.
+struct Outbound
+{
+    const ZEL_PROTOCOL_HEADER& header;
+    std::string_view type;
+    std::string_view code;
+    const void* record;
+    int kind;
+    int extraLength; // raw bytes that the family announces
+};
+
+// What families write into MESSAGE_HEADER.
+int composeHeaderAttributes(Outbound& message, TextWriter& out)
+{
+    if (isHeartbeat(message.type, message.code))
+        heartbeatHeader(out, message.record);
+    return 0;
+}
+
+int composeFamily(Outbound& message, TextWriter& out)
+{
+    const std::string_view type = message.type;
+    const std::string_view code = message.code;
+    const void* const record = message.record;
+    const int kind = message.kind;
+
+    if (isHeartbeat(type, code))
+        return 0;
+    if (type == "USER_AUTH_MESSAGE")
+        return UserAuthMessageCompose(out, record, kind);
+    if (type == "NVR_REPLAY_MESSAGE")
+        return NvrReplayMessageCompose(out, record, kind, code);
+    if (type == "OPEN_DBG_MESSAGE" || type == "CLOSE_DBG_MESSAGE")
+        return 0;
+    ZelProtocolLogError("ZelProtocolXMLCompose deal a unknow Msg_type:%.*s Msg_code:%.*s !!!\n",
+                        printedLength(type), type.data(), printedLength(code), code.data());
+    return ZEL_ERR_UNKNOWN_MSG;
+}
+
+// Appends the envelope, header and body in one go, and tells how it went.
+int ZelProtocolMessageBufCompose(Outbound& message, TextWriter& out, size_t bodyBuffer)
+{
+    const ZEL_PROTOCOL_HEADER& header = message.header;
+    out.append("<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n<MESSAGE_HEADER\n");
+    attribute(out, "Msg_type", header.Msg_type);
+    attribute(out, "Msg_code", header.Msg_code);
+    attribute(out, "Msg_flag", header.Msg_flag);
+
+    const size_t headerStart = out.length();
+    attributeIfSet(out, "Msg_uuid", header.Msg_uuid);
+    attributeIfSet(out, "Msg_chn", header.Msg_chn);
+    int status = message.record ? composeHeaderAttributes(message, out) : 0;
+    if (out.length() != headerStart)
+        out.append("\n");
+    out.append("/>\n<MESSAGE_BODY>\n");
+
+    const size_t bodyStart = out.length();
+    if (status == 0 && message.record)
+        status = composeFamily(message, out);
+    const size_t bodyLength = out.length() - bodyStart;
+    if (status == 0 && bodyLength >= bodyBuffer)
+        status = ZEL_ERR_BUFFER_SMALL;
+    if (bodyLength != 0)
+        out.append("\n");
+    out.append("</MESSAGE_BODY>\n</XML_ZELMAR>");
+    return status;
+}
+
+// Composes into `out`; 0, or the status of the family.
+int composeText(Outbound& message, TextWriter& out, size_t bodyBuffer)
+{
+    const int status = ZelProtocolMessageBufCompose(message, out, bodyBuffer);
+    if (status != 0) {
+        const std::string_view flag = textOf(message.header.Msg_flag);
+        ZelProtocolLogError("Msgtype:%.*s Msg_code:%.*s Msg_flag:%.*s Compose failed, nRet : %d\n",
+                            printedLength(message.type), message.type.data(), printedLength(message.code),
+                            message.code.data(), printedLength(flag), flag.data(), status);
+        return status;
+    }
+    const int length = static_cast<int>(out.length());
+    ZelProtocolLogInfo("ZelProtocolMessageBufCompose put msglen:%d msgbuf:%.*s \n", length,
+                       static_cast<int>(out.kept()), out.begin);
+    ZelProtocolLogInfo("ZelProtocolMessageBufCompose done, msglen:%d DataLen:%d\n", length,
+                       message.extraLength);
+    return 0;
+}
+
+int composeBare(Outbound& message, char* buffer, size_t size, size_t bodyBuffer)
+{
+    TextWriter out(buffer, size);
+    if (const int status = composeText(message, out, bodyBuffer))
+        return status;
+    if (out.length() >= bodyBuffer)
+        return ZEL_ERR_BUFFER_SMALL;
+    memset(out.cursor, 0, out.left());
+    return static_cast<int>(out.length());
+}
+
+int composeFramed(Outbound& message, const Frame& frame, size_t bodyBuffer)
+{
+    TextWriter out = frame.text();
+    if (const int status = composeText(message, out, bodyBuffer))
+        return status;
+    if (out.overflowed())
+        return ZEL_ERR_BUFFER_SMALL;
+    const int payload = ZelProtocolMessageEncryption(frame, out);
+    if (payload < 0)
+        return failedEncryption(payload);
+    putLength(frame.buffer, static_cast<uint32_t>(message.extraLength) + static_cast<uint32_t>(payload));
+    const int result = payload + static_cast<int>(kHeadSize);
+    ZelProtocolLogInfo("put buf len : %d\n", result);
+    ZelProtocolLogInfo("Msg HeadInfo len : %u\n",
+                       static_cast<uint32_t>(message.extraLength) + static_cast<uint32_t>(payload));
+    return result;
+}
+
+} // namespace
+
+} // namespace zel
+
+int ZelProtocolXMLCompose(const ZEL_PROTOCOL_HEADER* header, const void* record, int kind, int iCodecMode,
+                          void* iCodecArg, char* outBuf, int outLen)
+{
+    using namespace zel;
+    if (!outBuf || !header || outLen < 1)
+        return ZEL_ERR_BAD_PARAM;
+    const auto size = static_cast<size_t>(outLen);
+    const Frame frame{iCodecMode, iCodecArg, outBuf, size};
+    Outbound message{*header, textOf(header->Msg_type), textOf(header->Msg_code), record, kind, 0};
+    if (message.type == "TRANSPARENT_CHANNEL_MSG" && record)
+        return composeTransparent(frame, *static_cast<const TRANSPARENT_HEADER*>(record));
+
+    const size_t bodyBuffer = size > kLeastBodyBuffer ? size : kLeastBodyBuffer;
+    if (message.type == "SYSTEM_SEARCHIPC_MESSAGE" || message.type == "IPC_REPAIR_MESSAGE")
+        return composeBare(message, outBuf, size, bodyBuffer);
+    return composeFramed(message, frame, bodyBuffer);
+}

@@ -1,0 +1,98 @@
+// The writing side: text appended to a buffer of fixed size.
+#ifndef ZEL_CORE_TEXT_WRITER_H
+#define ZEL_CORE_TEXT_WRITER_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace zel {
+
+// What doesn't fit is counted but not kept, so that nobody who appends needs to look. The bytes kept are
+// always the first of the whole text.
+struct TextWriter
+{
+    TextWriter(char* buffer, size_t capacity) : begin(buffer), cursor(buffer), end(buffer + capacity), lost(0)
+    {}
+
+    size_t left() const
+    {
+        return static_cast<size_t>(end - cursor);
+    }
+    size_t kept() const
+    {
+        return static_cast<size_t>(cursor - begin);
+    }
+    size_t length() const
+    {
+        return kept() + lost;
+    }
+    bool overflowed() const
+    {
+        return lost != 0;
+    }
+
+    void append(const char* text, size_t size)
+    {
+        if (left() >= size) {
+            memcpy(cursor, text, size);
+            cursor += size;
+        } else {
+            appendPart(text, size);
+        }
+    }
+    template <size_t N>
+    void append(const char (&text)[N])
+    {
+        append(text, N - 1);
+    }
+
+    // Takes the last byte back: for closings that stand directly behind an attribute's quote.
+    void takeBack()
+    {
+        if (lost != 0)
+            --lost;
+        else
+            --cursor;
+    }
+
+    char* const begin;
+    char* cursor;
+    char* const end;
+    size_t lost;
+
+private:
+    void appendPart(const char* text, size_t size);
+};
+
+// Prints like %d and %u (or PRIu64). At most 20 bytes; returns the end.
+char* printNumber(char* at, int32_t value);
+char* printNumber(char* at, uint32_t value);
+char* printNumber(char* at, uint64_t value);
+constexpr size_t kLongestNumber = 20;
+
+// Prints like %02d, %x and %f. At most kLongestNumber bytes, for a float at most kLongestFloat.
+char* printTwoDigits(char* at, int32_t value);
+char* printHex(char* at, uint32_t value);
+char* printFloat(char* at, float value);
+constexpr size_t kLongestFloat = 64;
+
+// Appends a bare number.
+void appendNumber(TextWriter& out, int32_t value);
+
+// A field's text ends at its terminator or at the field's end.
+template <size_t N>
+size_t textLength(const char (&field)[N])
+{
+    return strnlen(field, N);
+}
+
+template <size_t N>
+void appendText(TextWriter& out, const char (&field)[N])
+{
+    out.append(field, textLength(field));
+}
+
+} // namespace zel
+
+#endif

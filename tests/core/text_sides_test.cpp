@@ -1,0 +1,207 @@
+// The two text sides: every value form out and in, and the writer at every buffer size.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <functional>
+#include <memory>
+
+#include "core/elements.h"
+#include "core/search.h"
+
+using namespace zel;
+
+namespace {
+
+std::string written(const std::function<void(TextWriter&)>& fill, size_t capacity = 4096)
+{
+    const auto buffer = std::make_unique<char[]>(capacity);
+    TextWriter out(buffer.get(), capacity);
+    fill(out);
+    EXPECT_EQ(out.overflowed(), out.length() > capacity);
+    return {buffer.get(), out.kept()};
+}
+
+// Reads one attribute `a` of that value.
+template <class Field, class Read>
+Field readFrom(const std::string& value, Field field, Read read)
+{
+    ZelXMLParser parser;
+    EXPECT_EQ(parser.Parse(("<e a=\"" + value + "\"/>").c_str()), 0);
+    read(ElementReader{&parser, parser.RootElement()}, field);
+    return field;
+}
+
+struct Everything
+{
+    int32_t number = -12;
+    uint32_t unsignedNumber = 4000000000U;
+    uint8_t byte = 200;
+    uint64_t large = 18446744073709551614U;
+    float real = 0.1F;
+    char text[4] = {'f', 'u', 'l', 'l'};
+    int32_t time[3] = {1, -1, 123};
+    int32_t pair[2] = {INT_MIN, INT_MAX};
+};
+
+constexpr auto everything = [](auto& side, auto& record) {
+    attribute(side, "Number", record.number);
+    attribute(side, "Unsigned", record.unsignedNumber);
+    attribute(side, "Byte", record.byte);
+    attribute(side, "Large", record.large);
+    attribute(side, "Real", record.real);
+    attribute(side, "Text", record.text);
+    signedAttribute(side, "Signed", record.unsignedNumber);
+    signedAttribute(side, "SignedLarge", record.large);
+    hexAttribute(side, "Hex", record.number);
+    timeAttribute(side, "Time", record.time);
+    plainTimeAttribute(side, "PlainTime", record.time);
+    rangeAttribute(side, "Range", record.pair);
+    resolutionAttribute(side, "Resolution", record.pair);
+    wholeFieldAttribute(side, "Whole", record.text);
+    atoiAttribute(side, "Atoi", record.number);
+};
+
+const std::string kEverything =
+    "Number=\"-12\"\nUnsigned=\"4000000000\"\nByte=\"200\"\n"
+    "Large=\"18446744073709551614\"\nReal=\"0.100000\"\nText=\"full\"\n"
+    "Signed=\"-294967296\"\nSignedLarge=\"-2\"\nHex=\"fffffff4\"\n"
+    "Time=\"01:-1:123\"\nPlainTime=\"1:-1:123\"\nRange=\"-2147483648,2147483647\"\n"
+    "Resolution=\"-2147483648*2147483647\"\nWhole=\"full\"\nAtoi=\"-12\"\n";
+
+TEST(TextSides, EveryFormOutAndIn)
+{
+    Everything record;
+    EXPECT_EQ(written([&](TextWriter& out) { everything(out, record); }), kEverything);
+
+    ZelXMLParser parser;
+    ASSERT_EQ(parser.Parse(("<e " + kEverything + "/>").c_str()), 0);
+    Everything read{0, 0, 0, 0, 0, {}, {}, {}};
+    const ElementReader root{&parser, parser.RootElement()};
+    everything(root, read);
+    EXPECT_EQ(read.number, -12);
+    EXPECT_EQ(read.unsignedNumber, 4000000000U);
+    EXPECT_EQ(read.byte, 200);
+    EXPECT_EQ(read.large, 18446744073709551614U);
+    EXPECT_EQ(read.real, 0.1F);
+    EXPECT_EQ(std::string(read.text, 4), "full");
+    EXPECT_EQ(memcmp(read.time, record.time, sizeof read.time), 0);
+    EXPECT_EQ(memcmp(read.pair, record.pair, sizeof read.pair), 0);
+}
+
+// A missing attribute leaves its field alone, in every form.
+TEST(TextSides, MissingAttributes)
+{
+    ZelXMLParser parser;
+    ASSERT_EQ(parser.Parse("<e/>"), 0);
+    Everything record;
+    const Everything before = record;
+    for (const ElementReader in :
+         {ElementReader{&parser, parser.RootElement()}, ElementReader{&parser, nullptr}})
+        everything(in, record);
+    EXPECT_EQ(memcmp(&record, &before, sizeof record), 0);
+}
+
+// The bytes kept are always the first of the whole text, at every size, and the length is that of the whole.
+TEST(TextSides, WriterAtEverySize)
+{
+    const Everything record;
+    const auto fill = [&](TextWriter& out) {
+        element(out, "Element", [&](TextWriter& side) { everything(side, record); });
+        elementClosedAtQuote(out, "Closed",
+                             [&](TextWriter& side) { attribute(side, "Number", record.number); });
+        EXPECT_EQ(out.length(), kEverything.size() + sizeof("<Element\n/>\n<Closed\nNumber=\"-12\"/>\n") - 1);
+    };
+    const std::string whole = written(fill);
+    EXPECT_EQ(whole, "<Element\n" + kEverything + "/>\n<Closed\nNumber=\"-12\"/>\n");
+    for (size_t capacity = 0; capacity <= whole.size(); ++capacity)
+        EXPECT_EQ(written(fill, capacity), whole.substr(0, capacity)) << capacity;
+}
+
+TEST(TextSides, AbsentValuesAreLeftOut)
+{
+    const int32_t number = -1;
+    const uint8_t byte = 255;
+    const uint64_t large = UINT64_MAX;
+    const char text[8] = "";
+    EXPECT_EQ(written([&](TextWriter& out) {
+                  attributeIfSet(out, "N", number);
+                  attributeIfSet(out, "B", byte);
+                  attributeIfSet(out, "L", large);
+                  attributeIfSet(out, "T", text);
+                  attributeRead(out, "R", number);
+              }),
+              "");
+}
+
+TEST(TextSides, NumbersAsTheStandardFunctionsReadThem)
+{
+    const auto atoiOf = [](const std::string& value) {
+        return readFrom(value, 7,
+                        [](const ElementReader& in, int32_t& field) { atoiAttribute(in, "a", field); });
+    };
+    EXPECT_EQ(atoiOf(" \t+12x"), 12);
+    EXPECT_EQ(atoiOf("-5"), -5);
+    EXPECT_EQ(atoiOf("x"), 0);
+    EXPECT_EQ(atoiOf(""), 0);
+    EXPECT_EQ(atoiOf("99999999999999999999"), -1);
+
+    const auto hexOf = [](const std::string& value) {
+        return readFrom(value, 7,
+                        [](const ElementReader& in, int32_t& field) { hexAttribute(in, "a", field); });
+    };
+    EXPECT_EQ(hexOf("ff"), 255);
+    EXPECT_EQ(hexOf(" 0xFFg"), 255);
+    EXPECT_EQ(hexOf("0x"), 0);
+    EXPECT_EQ(hexOf("-1"), -1);
+    EXPECT_EQ(hexOf("g"), 7);
+
+    struct Time
+    {
+        int32_t parts[3];
+    };
+    const auto timeOf = [](const std::string& value) {
+        const Time time = readFrom(value, Time{{-1, -1, -1}}, [](const ElementReader& in, Time& field) {
+            timeAttribute(in, "a", field.parts);
+        });
+        return std::vector<int32_t>(time.parts, time.parts + 3);
+    };
+    EXPECT_EQ(timeOf("08:05:09"), (std::vector<int32_t>{8, 5, 9}));
+    EXPECT_EQ(timeOf(" 8: 5:\n9z"), (std::vector<int32_t>{8, 5, 9}));
+    EXPECT_EQ(timeOf("8:5"), (std::vector<int32_t>{8, 5, -1}));
+    EXPECT_EQ(timeOf("8 :5:9"), (std::vector<int32_t>{8, -1, -1}));
+    EXPECT_EQ(timeOf(":5:9"), (std::vector<int32_t>{-1, -1, -1}));
+    EXPECT_EQ(timeOf("4294967295:4294967296:1"), (std::vector<int32_t>{-1, 0, 1}));
+}
+
+// strncpy fills a field to its last byte, the service's reader keeps room for the terminator.
+TEST(TextSides, TextsAtTheirLimit)
+{
+    struct Field
+    {
+        char text[4];
+    };
+    const auto whole = [](const ElementReader& in, Field& field) {
+        wholeFieldAttribute(in, "a", field.text);
+    };
+    const auto terminated = [](const ElementReader& in, Field& field) { attribute(in, "a", field.text); };
+    EXPECT_EQ(std::string(readFrom("abcdef", Field{"xyz"}, whole).text, 4), "abcd");
+    EXPECT_EQ(std::string(readFrom("a", Field{"xyz"}, whole).text, 4), std::string("a\0\0\0", 4));
+    EXPECT_STREQ(readFrom("abcdef", Field{"xyz"}, terminated).text, "abc");
+    EXPECT_STREQ(readFrom("", Field{"xyz"}, terminated).text, "");
+}
+
+TEST(TextSides, FindIsStrstrWithinBounds)
+{
+    const Needle needle("</XML_ZELMAR>", 'Z');
+    for (const std::string& text :
+         {std::string("</XML_ZELMAR>"), std::string("ZZ</XML_ZELMAR></XML_ZELMAR>"),
+          std::string("_Z</XML_Z</XML_ZELMA</XML_ZELMAR>Z"), std::string("</XML_ZELMAR")}) {
+        const auto exact = std::make_unique<char[]>(text.size());
+        memcpy(exact.get(), text.data(), text.size());
+        for (size_t length = 0; length <= text.size(); ++length)
+            EXPECT_EQ(find({exact.get(), length}, needle), text.substr(0, length).find(needle.text))
+                << text << length;
+    }
+}
+
+} // namespace

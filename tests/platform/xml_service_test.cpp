@@ -1,0 +1,384 @@
+#include "zel_platform/xml.h"
+
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <pugixml.hpp>
+
+namespace {
+
+/* Exactly the bytes of the text, without a terminator: a sanitizer sees the first byte read behind them. */
+int parseExact(ZelXMLParser& parser, const std::string& text)
+{
+    const std::unique_ptr<char[]> bytes(new char[text.size()]);
+    std::memcpy(bytes.get(), text.data(), text.size());
+    return parser.Parse(bytes.get(), static_cast<int>(text.size()));
+}
+
+std::string valueOf(const ZelXMLParser& parser, void* node, const char* name)
+{
+    const char* const value = parser.Attribute(node, name);
+    return value ? value : "(none)";
+}
+
+std::string element(const std::string& value)
+{
+    return "<r v=\"" + value + "\"/>";
+}
+
+std::string nested(int depth)
+{
+    std::string text;
+    for (int i = 0; i < depth; ++i)
+        text += "<e>";
+    text += "x";
+    for (int i = 0; i < depth; ++i)
+        text += "</e>";
+    return text;
+}
+
+int allocationsLeft = 0;
+int blocksTaken = 0;
+
+void* limitedTake(size_t size)
+{
+    if (allocationsLeft-- <= 0)
+        return nullptr;
+    ++blocksTaken;
+    return std::malloc(size);
+}
+
+void limitedGive(void* block)
+{
+    --blocksTaken;
+    std::free(block);
+}
+
+} // namespace
+
+TEST(XmlService, FindsElementsAndTextByName)
+{
+    ZelXMLParser parser;
+    ASSERT_EQ(0, parseExact(parser, "<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<root><!--c--><?pi a?>t"
+                                    "<one a=\"1\"/><two>\n text</two><one a=\"2\"><one a=\"inner\"/></one>"
+                                    "<blank> \n\t</blank><cdata><![CDATA[<&#0x>]]></cdata><none/></root>"));
+    void* const root = parser.RootElement();
+    ASSERT_NE(nullptr, root);
+
+    void* const first = parser.FirstChildElement(root, "one");
+    EXPECT_EQ("1", valueOf(parser, first, "a"));
+    void* const second = parser.NextSiblingElement(first, "one");
+    EXPECT_EQ("2", valueOf(parser, second, "a"));
+    EXPECT_EQ("inner", valueOf(parser, parser.FirstChildElement(second, "one"), "a"));
+    EXPECT_EQ(nullptr, parser.NextSiblingElement(second, "one"));
+    EXPECT_EQ(nullptr, parser.FirstChildElement(root, "On"));
+    EXPECT_EQ(nullptr, parser.FirstChildElement(root, "pi"));
+
+    EXPECT_STREQ("\n text", parser.GetText(parser.FirstChildElement(root, "two")));
+    EXPECT_STREQ("<&#0x>", parser.GetText(parser.FirstChildElement(root, "cdata")));
+    EXPECT_STREQ("t", parser.GetText(root));
+    EXPECT_EQ(nullptr, parser.GetText(parser.FirstChildElement(root, "blank")));
+    EXPECT_EQ(nullptr, parser.GetText(parser.FirstChildElement(root, "none")));
+}
+
+TEST(XmlService, NothingIsFoundWithoutANode)
+{
+    ZelXMLParser empty;
+    ZelXMLParser parser;
+    ASSERT_EQ(0, parseExact(parser, element("1")));
+    int number = 7;
+    char text[4] = "abc";
+    for (const ZelXMLParser& each : {empty, parser}) {
+        EXPECT_EQ(nullptr, each.FirstChildElement(nullptr, "r"));
+        EXPECT_EQ(nullptr, each.NextSiblingElement(nullptr, "r"));
+        EXPECT_EQ(nullptr, each.Attribute(nullptr, "v"));
+        EXPECT_EQ(nullptr, each.GetText(nullptr));
+        EXPECT_NE(0, getXmlIntTypeParamAttribute(each, nullptr, "v", &number));
+        EXPECT_NE(0, getXmlIntTypeParamByGetText(each, nullptr, &number));
+        EXPECT_NE(0, getXmlStringTypeParamAttribute(each, nullptr, "v", text, 4));
+        EXPECT_NE(0, getXmlStringTypeParamByGetText(each, nullptr, text, 4));
+    }
+    EXPECT_EQ(nullptr, empty.RootElement());
+    EXPECT_EQ(7, number);
+    EXPECT_STREQ("abc", text);
+}
+
+TEST(XmlService, AttributesInAnyOrderAcrossNodesAndBeyondTheKnownOnes)
+{
+    std::string text = "<r><a";
+    for (int i = 0; i < 100; ++i)
+        text += " n" + std::to_string(i) + "=\"a" + std::to_string(i) + "\"";
+    text += "/><b n1=\"b1\" n7=\"b7\" n=\"\"/></r>";
+    ZelXMLParser parser;
+    ASSERT_EQ(0, parseExact(parser, text));
+    void* const a = parser.FirstChildElement(parser.RootElement(), "a");
+    void* const b = parser.FirstChildElement(parser.RootElement(), "b");
+
+    /* Each stride visits all hundred in another order; in between the other node takes the memory of the
+     * last match, finds and misses. */
+    for (const int stride : {1, 99, 3, 37}) {
+        for (int i = 0, n = 0; i < 100; ++i, n = (n + stride) % 100) {
+            const std::string name = "n" + std::to_string(n);
+            EXPECT_EQ("a" + std::to_string(n), valueOf(parser, a, name.c_str()));
+            if (i % 5 == 0) {
+                EXPECT_EQ("b7", valueOf(parser, b, "n7"));
+                EXPECT_EQ("b1", valueOf(parser, b, "n1"));
+                EXPECT_EQ("", valueOf(parser, b, "n"));
+                EXPECT_EQ("(none)", valueOf(parser, b, "n2"));
+            }
+            EXPECT_EQ("(none)", valueOf(parser, a, "n100"));
+            EXPECT_EQ("(none)", valueOf(parser, a, ""));
+        }
+    }
+}
+
+TEST(XmlService, ValuesAreWritableAndStayWithTheDocument)
+{
+    ZelXMLParser parser;
+    ASSERT_EQ(
+        0, parseExact(parser, "<r a=\"1,2\" b=\"&lt;&#65;&#x42;&#256;&amp;&unknown;\" c=\" x\r\n\ty \"/>"));
+    void* const root = parser.RootElement();
+    EXPECT_STREQ("1", std::strtok(parser.Attribute(root, "a"), ","));
+    EXPECT_STREQ("2", std::strtok(nullptr, ","));
+    EXPECT_EQ("<AB\xC4\x80&&unknown;", valueOf(parser, root, "b"));
+    EXPECT_EQ(" x\r\n\ty ", valueOf(parser, root, "c"));
+    EXPECT_EQ("1", valueOf(parser, root, "a"));
+
+    /* Bytes of another encoding pass as they are. */
+    ASSERT_EQ(0, parseExact(parser, element("\xB1\xB1\xBE\xA9\xFF")));
+    EXPECT_EQ("\xB1\xB1\xBE\xA9\xFF", valueOf(parser, parser.RootElement(), "v"));
+}
+
+TEST(XmlService, CopiesShareADocumentThatOutlivesEachOfThem)
+{
+    std::unique_ptr<ZelXMLParser> first(new ZelXMLParser);
+    ASSERT_EQ(0, parseExact(*first, element("old")));
+    void* const root = first->RootElement();
+    ZelXMLParser copy(*first);
+    ZelXMLParser assigned;
+    assigned = copy;
+    EXPECT_EQ(root, assigned.RootElement());
+
+    /* The new text lies in the document that it replaces. */
+    ASSERT_EQ(0, first->Parse(element("new").c_str()));
+    char* const inner = first->Attribute(first->RootElement(), "v");
+    std::memcpy(inner, "<i>", 3);
+    EXPECT_NE(0, first->Parse(inner, 3));
+    EXPECT_EQ(nullptr, first->RootElement());
+    std::memcpy(assigned.Attribute(root, "v"), "<i>", 3);
+
+    first.reset();
+    ZelXMLParser& itself = assigned;
+    assigned = itself;
+    assigned = ZelXMLParser();
+    EXPECT_EQ("<i>", valueOf(copy, root, "v"));
+}
+
+TEST(XmlService, RefusesWhatIsNoSafeDocument)
+{
+    const std::string refused[] = {"",
+                                   " ",
+                                   "text",
+                                   "<!-- -->",
+                                   "<r",
+                                   "<r>",
+                                   "<r></s>",
+                                   "<r a/>",
+                                   "<r a=1/>",
+                                   "<r/><",
+                                   std::string("<r>\0</r>", 8),
+                                   std::string("<r/>\0", 5),
+                                   "<!DOCTYPE r><r/>",
+                                   "<r/><!DOCTYPE r>",
+                                   "<!DOCTYPE r [<!ENTITY a \"b\">]><r>&a;</r>",
+                                   "<r><!DOCTYPE r></r>",
+                                   element("&#0;"),
+                                   element("a&#x0;"),
+                                   element("&#00000000000;"),
+                                   element("&#x000;"),
+                                   element("&#4294967296;"),
+                                   element("&#x100000000;"),
+                                   element("&#4294967361;"),
+                                   element("&#1114112;"),
+                                   element("&#xFFFFFFFF;"),
+                                   element("&&am&#&#x0;"),
+                                   "<r>&#0;</r>",
+                                   nested(65),
+                                   "<a/>" + nested(65),
+                                   nested(200000)};
+    for (const std::string& text : refused) {
+        ZelXMLParser parser;
+        ASSERT_EQ(0, parseExact(parser, element("1")));
+        EXPECT_NE(0, parseExact(parser, text)) << text.substr(0, 80);
+        EXPECT_EQ(nullptr, parser.RootElement()) << text.substr(0, 80);
+    }
+
+    ZelXMLParser parser;
+    EXPECT_NE(0, parser.Parse(nullptr));
+    EXPECT_NE(0, parser.Parse(nullptr, 4));
+    EXPECT_NE(0, parser.Parse("<r/>", 0));
+    EXPECT_NE(0, parser.Parse("<r/>", -1));
+    EXPECT_NE(0, parser.Parse("<r/>", INT_MIN));
+}
+
+TEST(XmlService, TakesWhatIsJustAllowed)
+{
+    const std::string taken[] = {nested(64), "<!-- <!DOCTYPE r> --><r/>",
+                                 element("&#;&#x;&#0&#x0 &#G0;&#X0;&#-0;"), element("&#1114111;"),
+                                 "\xEF\xBB\xBF<r/>"};
+    for (const std::string& text : taken) {
+        ZelXMLParser parser;
+        EXPECT_EQ(0, parseExact(parser, text)) << text.substr(0, 80);
+        EXPECT_NE(nullptr, parser.RootElement()) << text.substr(0, 80);
+    }
+}
+
+TEST(XmlService, EveryPrefixOfATextIsReadWithinItsBytes)
+{
+    const std::string text = "<?xml version=\"1.0\"?>\n<r a=\"&#65;\" b='x'>t&lt;<![CDATA[c]]><e/>&#x41;</r>";
+    for (std::size_t length = 0; length <= text.size(); ++length) {
+        ZelXMLParser parser;
+        EXPECT_EQ(length == text.size(), parseExact(parser, text.substr(0, length)) == 0) << length;
+    }
+}
+
+TEST(XmlService, EachFailingAllocationIsAFailedParseAndLeavesNothing)
+{
+    const pugi::allocation_function take = pugi::get_memory_allocation_function();
+    const pugi::deallocation_function give = pugi::get_memory_deallocation_function();
+    pugi::set_memory_management_functions(limitedTake, limitedGive);
+    std::string text = "<r>";
+    for (int i = 0; i < 2000; ++i)
+        text += "<e a=\"1\"/>";
+    text += "</r>";
+    int limit = 0;
+    for (bool parsed = false; !parsed && limit < 100; ++limit) {
+        ZelXMLParser parser;
+        allocationsLeft = limit;
+        parsed = parseExact(parser, text) == 0;
+        EXPECT_EQ(parsed, parser.RootElement() != nullptr);
+        EXPECT_EQ(parsed, blocksTaken > 0);
+    }
+    EXPECT_EQ(0, blocksTaken);
+    EXPECT_GT(limit, 3);
+    EXPECT_LT(limit, 100);
+    pugi::set_memory_management_functions(take, give);
+}
+
+namespace {
+
+/* What a number attribute gives in each width; absent where the sentinel stands. */
+constexpr int kNoInt = 111;
+constexpr unsigned char kNoByte = 222;
+constexpr unsigned long long kNoLong = 333;
+
+struct NumberCase
+{
+    const char* text;
+    int asInt;
+    unsigned char asByte;
+    unsigned long long asLong;
+};
+
+} // namespace
+
+TEST(XmlService, NumbersAreStoredByTheirBitsOrAbsent)
+{
+    const NumberCase cases[] = {
+        {"0", 0, 0, 0},
+        {"-0", 0, 0, 0},
+        {"007", 7, 7, 7},
+        {" \t\n\v\f\r+42 rest", 42, 42, 42},
+        {"12.9", 12, 12, 12},
+        {"0x10", 0, 0, 0},
+        {"-1", -1, 255, ULLONG_MAX},
+        {"-128", -128, 128, ULLONG_MAX - 127},
+        {"-129", -129, kNoByte, ULLONG_MAX - 128},
+        {"255", 255, 255, 255},
+        {"256", 256, kNoByte, 256},
+        {"2147483648", INT_MIN, kNoByte, 2147483648U},
+        {"-2147483648", INT_MIN, kNoByte, 18446744071562067968U},
+        {"-2147483649", kNoInt, kNoByte, 18446744071562067967U},
+        {"4294967295", -1, kNoByte, 4294967295U},
+        {"4294967296", kNoInt, kNoByte, 4294967296U},
+        {"-9223372036854775808", kNoInt, kNoByte, 9223372036854775808U},
+        {"-9223372036854775809", kNoInt, kNoByte, kNoLong},
+        {"18446744073709551615", kNoInt, kNoByte, ULLONG_MAX},
+        {"18446744073709551616", kNoInt, kNoByte, kNoLong},
+        {"184467440737095516150", kNoInt, kNoByte, kNoLong},
+        {"99999999999999999999999999999999999999999", kNoInt, kNoByte, kNoLong},
+        {"", kNoInt, kNoByte, kNoLong},
+        {" ", kNoInt, kNoByte, kNoLong},
+        {"-", kNoInt, kNoByte, kNoLong},
+        {"+-1", kNoInt, kNoByte, kNoLong},
+        {"- 1", kNoInt, kNoByte, kNoLong},
+        {"x1", kNoInt, kNoByte, kNoLong},
+    };
+    for (const NumberCase& each : cases) {
+        ZelXMLParser parser;
+        ASSERT_EQ(0, parseExact(parser, element(each.text)));
+        void* const root = parser.RootElement();
+        int asInt = kNoInt;
+        unsigned int asUInt = kNoInt;
+        unsigned char asByte = kNoByte;
+        unsigned long long asLong = kNoLong;
+        EXPECT_EQ(each.asInt == kNoInt, getXmlIntTypeParamAttribute(parser, root, "v", &asInt) != 0);
+        EXPECT_EQ(each.asInt == kNoInt, getXmlUIntTypeParamAttribute(parser, root, "v", &asUInt) != 0);
+        EXPECT_EQ(each.asByte == kNoByte, getXmlUCharTypeParamAttribute(parser, root, "v", &asByte) != 0);
+        EXPECT_EQ(each.asLong == kNoLong, getXmlUllTypeParamAttribute(parser, root, "v", &asLong) != 0);
+        EXPECT_EQ(each.asInt, asInt) << each.text;
+        EXPECT_EQ(static_cast<unsigned int>(each.asInt), asUInt) << each.text;
+        EXPECT_EQ(each.asByte, asByte) << each.text;
+        EXPECT_EQ(each.asLong, asLong) << each.text;
+    }
+}
+
+TEST(XmlService, FloatsAreReadWithoutALocaleOrAbsent)
+{
+    const struct
+    {
+        const char* text;
+        float value;
+    } cases[] = {{"1.5", 1.5F}, {" +2.25x", 2.25F}, {"-.5", -0.5F}, {"3,5", 3.0F},  {"1e2", 100.0F},
+                 {"1e", 1.0F},  {"nan", 9.0F},      {"-inf", 9.0F}, {"1e39", 9.0F}, {"", 9.0F},
+                 {"+-1", 9.0F}, {"x", 9.0F},        {"++1", 9.0F},  {"0", 0.0F}};
+    for (const auto& each : cases) {
+        ZelXMLParser parser;
+        ASSERT_EQ(0, parseExact(parser, element(each.text)));
+        float value = 9.0F;
+        const int status = getXmlFloatTypeParamAttribute(parser, parser.RootElement(), "v", &value);
+        EXPECT_EQ(each.value, value) << each.text;
+        EXPECT_EQ(each.value == 9.0F, status != 0) << each.text;
+    }
+}
+
+TEST(XmlService, TextsAreCutToLeaveRoomForTheirTerminator)
+{
+    ZelXMLParser parser;
+    ASSERT_EQ(0, parseExact(parser, "<r v=\"abcd\" e=\"\"> 12 </r>"));
+    void* const root = parser.RootElement();
+    const std::string whole = "abcd";
+    for (int limit = 1; limit <= 6; ++limit) {
+        const std::unique_ptr<char[]> field(new char[static_cast<std::size_t>(limit)]);
+        EXPECT_EQ(0, getXmlStringTypeParamAttribute(parser, root, "v", field.get(), limit));
+        EXPECT_EQ(whole.substr(0, static_cast<std::size_t>(limit) - 1), field.get());
+        EXPECT_EQ(0, getXmlStringTypeParamAttribute(parser, root, "e", field.get(), limit));
+        EXPECT_STREQ("", field.get());
+    }
+    char field[4] = "xyz";
+    for (const int limit : {0, -1, INT_MIN})
+        EXPECT_NE(0, getXmlStringTypeParamAttribute(parser, root, "v", field, limit));
+    EXPECT_NE(0, getXmlStringTypeParamAttribute(parser, root, "absent", field, 4));
+    EXPECT_NE(0, getXmlStringTypeParamAttribute(parser, root, "v", nullptr, 4));
+    EXPECT_STREQ("xyz", field);
+
+    int number = 0;
+    EXPECT_EQ(0, getXmlStringTypeParamByGetText(parser, root, field, 3));
+    EXPECT_STREQ(" 1", field);
+    EXPECT_EQ(0, getXmlIntTypeParamByGetText(parser, root, &number));
+    EXPECT_EQ(12, number);
+}

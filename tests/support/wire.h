@@ -1,0 +1,114 @@
+// Messages as texts: what the tests expect, compose and analyse. All buffers are exactly as large as stated,
+// so that a sanitizer sees one byte too far.
+#ifndef ZEL_TESTS_SUPPORT_WIRE_H
+#define ZEL_TESTS_SUPPORT_WIRE_H
+
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/services.h"
+#include "zel_protocol/zel_protocol.h"
+
+namespace test {
+
+struct FreeRecord
+{
+    void operator()(void* record) const
+    {
+        ZelProtocolMSGAnalysisStop(&record);
+    }
+};
+
+inline ZEL_PROTOCOL_HEADER headerOf(const std::string& type, const std::string& code)
+{
+    ZEL_PROTOCOL_HEADER header;
+    ZEL_PROTOCOL_HEADER_init(&header);
+    strncpy(header.Msg_type, type.c_str(), sizeof header.Msg_type - 1);
+    strncpy(header.Msg_code, code.c_str(), sizeof header.Msg_code - 1);
+    strncpy(header.Msg_flag, "flag", sizeof header.Msg_flag - 1);
+    return header;
+}
+
+// The envelope of a message as it goes on the wire; body and header attributes with their own line feeds.
+inline std::string envelope(const std::string& type, const std::string& code, const std::string& body,
+                            const std::string& headerAttributes = "")
+{
+    return "<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n<MESSAGE_HEADER\nMsg_type=\"" + type +
+           "\"\nMsg_code=\"" + code + "\"\nMsg_flag=\"flag\"\n" +
+           (headerAttributes.empty() ? "" : headerAttributes + "\n") + "/>\n<MESSAGE_BODY>\n" +
+           (body.empty() ? "" : body + "\n") + "</MESSAGE_BODY>\n</XML_ZELMAR>";
+}
+
+struct Composed
+{
+    int result;
+    std::string bytes;  // the frame, or what the buffer holds after a bare text
+    std::string text;   // without the head
+    uint32_t announced; // the length field
+};
+
+inline Composed compose(const ZEL_PROTOCOL_HEADER& header, const void* record, int kind, int outLen = 65536,
+                        int mode = -1, void* arg = nullptr)
+{
+    const auto buffer = std::make_unique<char[]>(static_cast<size_t>(outLen));
+    Composed composed{ZelProtocolXMLCompose(&header, record, kind, mode, arg, buffer.get(), outLen), "", "",
+                      0};
+    if (composed.result > 0)
+        composed.bytes.assign(buffer.get(), static_cast<size_t>(std::min(composed.result, outLen)));
+    if (composed.bytes.size() > 8) {
+        composed.text = composed.bytes.substr(8);
+        for (size_t i = 0; i < 4; ++i)
+            composed.announced |= static_cast<uint32_t>(static_cast<unsigned char>(composed.bytes[4 + i]))
+                                  << (8 * i);
+    }
+    return composed;
+}
+
+struct Analysed
+{
+    int result = 0;
+    ZEL_PROTOCOL_HEADER header{};
+    std::unique_ptr<void, FreeRecord> record;
+    std::string payload; // as the analysis left it
+
+    template <class Record>
+    const Record& as() const
+    {
+        return *static_cast<const Record*>(record.get());
+    }
+};
+
+inline Analysed analyse(const std::string& payload, int mode = -1, void* arg = nullptr)
+{
+    const auto bytes = std::make_unique<char[]>(payload.size());
+    memcpy(bytes.get(), payload.data(), payload.size());
+    Analysed analysed;
+    ZEL_PROTOCOL_HEADER_init(&analysed.header);
+    void* record = nullptr;
+    analysed.result = ZelProtocolMSGAnalysisStart(bytes.get(), static_cast<int>(payload.size()), mode, arg,
+                                                  &analysed.header, &record);
+    analysed.record.reset(record);
+    analysed.payload.assign(bytes.get(), payload.size());
+    return analysed;
+}
+
+// Sets a text field; the field may be filled to its last byte.
+template <size_t N>
+void set(char (&field)[N], const std::string& text)
+{
+    memset(field, 0, N);
+    memcpy(field, text.data(), std::min(N, text.size()));
+}
+
+// A field's text, terminated or not.
+template <size_t N>
+std::string get(const char (&field)[N])
+{
+    return {field, strnlen(field, N)};
+}
+
+} // namespace test
+
+#endif
