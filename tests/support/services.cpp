@@ -27,7 +27,8 @@ bool loggedOnly(const std::string& text)
 
 namespace {
 
-void keep(std::vector<std::string>& lines, const char* format, va_list arguments)
+__attribute__((format(printf, 2, 0))) void keep(std::vector<std::string>& lines, const char* format,
+                                                va_list arguments)
 {
     va_list again;
     va_copy(again, arguments);

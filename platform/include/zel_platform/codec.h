@@ -26,7 +26,7 @@ int ZelProtocolDecode(int mode, const char* source, int sourceLength, char* dest
 /** Enciphers `source` for a peer that shares no key of its own. */
 int P2pProtocolEncode(int mode, const char* source, int sourceLength, char* destination, int capacity);
 
-/** Undoes P2pProtocolEncode, whatever the mode of that was; `mode` is 0 here. The destination ends in a NUL. */
+/** Undoes P2pProtocolEncode of any mode; `mode` is 0 here. The destination ends in a NUL. */
 int P2pProtocolDecode(int mode, const char* source, int sourceLength, char* destination, int capacity);
 
 #ifdef __cplusplus

@@ -22,8 +22,7 @@ struct ZelXMLDocument
 class ZelXMLParser
 {
 public:
-    ZelXMLParser() noexcept : document_(nullptr)
-    {}
+    ZelXMLParser() noexcept : document_(nullptr) {}
     ZelXMLParser(const ZelXMLParser& other) noexcept : document_(other.document_)
     {
         if (document_)
@@ -58,10 +57,10 @@ public:
     /** The next sibling element of that name, or NULL. */
     void* NextSiblingElement(void* node, const char* name) const noexcept;
 
-    /** An attribute's value, or NULL. The text may be written to, up to its end, and lives with the document. */
+    /** An attribute's value, or NULL. It may be written to, up to its end, and lives with the document. */
     char* Attribute(void* node, const char* name) const noexcept;
 
-    /** The element's own text as it stands, a leading line feed included, or NULL. White space alone is none. */
+    /** The element's own text with its leading line feed, or NULL. White space alone is none. */
     const char* GetText(void* node) const noexcept;
 
 private:
