@@ -4,8 +4,15 @@
 #ifndef ZEL_PROTOCOL_ZEL_PROTOCOL_H
 #define ZEL_PROTOCOL_ZEL_PROTOCOL_H
 
+#include "zel_protocol/alarm_report.h"
 #include "zel_protocol/core.h"
+#include "zel_protocol/live_stream.h"
+#include "zel_protocol/media_data.h"
 #include "zel_protocol/nvr_replay.h"
+#include "zel_protocol/ptz_control.h"
+#include "zel_protocol/searchipc.h"
+#include "zel_protocol/system_config.h"
+#include "zel_protocol/system_control.h"
 #include "zel_protocol/user_auth.h"
 
 #endif

@@ -31,8 +31,22 @@ int analyseFamily(Message& message, std::string_view type, std::string_view code
         return GetMessageHeaderEx(message, result);
     if (type == "USER_AUTH_MESSAGE")
         return UserAuthMessageAnalysis(message, result);
+    if (type == "SYSTEM_SEARCHIPC_MESSAGE")
+        return SystemSearchipcMessageAnalysis(message, code, result);
+    if (type == "LIVE_STREAM_MESSAGE")
+        return LiveStreamMessageAnalysis(message, code, result);
+    if (type == "MEDIA_DATA_MESSAGE")
+        return MediaDataMessageAnalysis(message, code, result);
     if (type == "NVR_REPLAY_MESSAGE")
         return NvrReplayMessageAnalysis(message, code, result);
+    if (type == "PTZ_CONTROL_MESSAGE")
+        return PtzControlMessageAnalysis(message, result);
+    if (type == "ALARM_REPORT_MESSAGE")
+        return AlarmReportMessageAnalysis(message, result);
+    if (type == "SYSTEM_CONTROL_MESSAGE")
+        return SystemControlMessageAnalysis(message, code, result);
+    if (type == "SYSTEM_CONFIG_GET_MESSAGE" || type == "SYSTEM_CONFIG_SET_MESSAGE")
+        return SystemConfigMessageAnalysis(message, code, result);
     if (type == "OPEN_DBG_MESSAGE" || type == "CLOSE_DBG_MESSAGE")
         return 0;
     ZelProtocolLogError("ZelProtocolMSGAnalysisStart deal a unknow Msg_type:%.*s Msg_code:%.*s !!!\n",

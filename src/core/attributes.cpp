@@ -2,6 +2,14 @@
 
 namespace zel {
 
+void appendLine(TextWriter& out, const char* name, size_t nameLength, const char* value, size_t length)
+{
+    out.append(name, nameLength);
+    out.append("=\"");
+    out.append(value, length);
+    out.append("\"\n");
+}
+
 void hexAttribute(const ElementReader& in, const char* name, int32_t& field)
 {
     if (const char* value = in.value(name))
@@ -34,12 +42,14 @@ char* printNumbers(char* at, Digits digits, char separator, const int32_t* numbe
     return at;
 }
 
-void readNumbers(const ElementReader& in, const char* name, char separator, int32_t* numbers, size_t count)
+bool readNumbers(const ElementReader& in, const char* name, char separator, int32_t* numbers, size_t count)
 {
-    if (const char* value = in.value(name)) {
-        std::string_view text = value;
-        scanNumbers(text, separator, numbers, count);
-    }
+    const char* value = in.value(name);
+    if (!value)
+        return false;
+    std::string_view text = value;
+    scanNumbers(text, separator, numbers, count);
+    return true;
 }
 
 } // namespace zel

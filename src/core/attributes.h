@@ -19,8 +19,7 @@ namespace zel {
 template <class Side>
 constexpr bool kWrites = std::is_same_v<std::remove_cv_t<std::remove_reference_t<Side>>, TextWriter>;
 
-// --- The absent value
-// -------------------------------------------------------------------------------------------
+// --- The absent value ----------------------------------------------------------------------------
 
 inline bool isSet(int32_t value)
 {
@@ -44,16 +43,19 @@ bool isSet(const char (&text)[N])
     return text[0] != '\0';
 }
 
-// --- Lines
-// ------------------------------------------------------------------------------------------------------
+// --- Lines ---------------------------------------------------------------------------------------
 
-// Appends Name="value" and a line feed; print(at) prints the value in at most `longest` bytes and returns its
-// end.
-template <size_t N, class Print>
+// Appends Name="value" and a line feed, or what fits of it.
+void appendLine(TextWriter& out, const char* name, size_t nameLength, const char* value, size_t length);
+
+// The same in one step; print(at) prints the value in at most `longest` bytes, no more than Room, and returns
+// its end.
+template <size_t Room = 128, size_t N, class Print>
 void writeLine(TextWriter& out, const char (&name)[N], size_t longest, Print print)
 {
     constexpr size_t kAround = N - 1 + sizeof("=\"\"\n") - 1;
-    const auto line = [&](char* at) {
+    if (out.left() >= kAround + longest) {
+        char* at = out.cursor;
         memcpy(at, name, N - 1);
         at += N - 1;
         *at++ = '=';
@@ -61,14 +63,10 @@ void writeLine(TextWriter& out, const char (&name)[N], size_t longest, Print pri
         at = print(at);
         *at++ = '"';
         *at++ = '\n';
-        return at;
-    };
-    if (out.left() >= kAround + longest) {
-        out.cursor = line(out.cursor);
+        out.cursor = at;
     } else {
-        constexpr size_t kLongestValue = 128;
-        char whole[kAround + kLongestValue];
-        out.append(whole, static_cast<size_t>(line(whole) - whole));
+        char value[Room];
+        appendLine(out, name, N - 1, value, static_cast<size_t>(print(value) - value));
     }
 }
 
@@ -96,15 +94,11 @@ template <size_t N>
         *at++ = '\n';
         out.cursor = at;
     } else {
-        out.append(name);
-        out.append("=\"");
-        out.append(value, length);
-        out.append("\"\n");
+        appendLine(out, name, N - 1, value, length);
     }
 }
 
-// --- The type's own form
-// ----------------------------------------------------------------------------------------
+// --- The type's own form -------------------------------------------------------------------------
 
 template <size_t N>
 void attribute(TextWriter& out, const char (&name)[N], const int32_t& field)
@@ -119,7 +113,8 @@ void attribute(TextWriter& out, const char (&name)[N], const uint32_t& field)
 template <size_t N>
 void attribute(TextWriter& out, const char (&name)[N], const uint8_t& field)
 {
-    writeNumber(out, name, uint32_t{field});
+    // Shares a body with int32_t: a byte prints alike.
+    writeNumber(out, name, int32_t{field});
 }
 template <size_t N>
 void attribute(TextWriter& out, const char (&name)[N], const uint64_t& field)
@@ -181,8 +176,7 @@ void attributeRead(const ElementReader& in, const char* name, Field& field)
     attribute(in, name, field);
 }
 
-// --- Other forms of one number or text
-// --------------------------------------------------------------------------
+// --- Other forms of one number or text -----------------------------------------------------------
 
 // An unsigned field that goes out as %d.
 template <size_t N>
@@ -272,8 +266,7 @@ void wholeFieldAttributeIfSet(const ElementReader& in, const char* name, char (&
     readWholeField(in, name, field, Size);
 }
 
-// --- Several numbers in one value, read with sscanf
-// ---------------------------------------------------------------
+// --- Several numbers in one value, read with sscanf ----------------------------------------------
 
 // A number, how it is printed, and what stands between it and the one before.
 enum class Digits
@@ -283,14 +276,16 @@ enum class Digits
 };
 
 char* printNumbers(char* at, Digits digits, char separator, const int32_t* numbers, size_t count);
-void readNumbers(const ElementReader& in, const char* name, char separator, int32_t* numbers, size_t count);
+// Tells whether the attribute is there.
+bool readNumbers(const ElementReader& in, const char* name, char separator, int32_t* numbers, size_t count);
 
 template <size_t N, size_t Count>
 void numbersAttribute(TextWriter& out, const char (&name)[N], Digits digits, char separator,
                       const int32_t (&numbers)[Count])
 {
-    writeLine(out, name, Count * (kLongestNumber + 1),
-              [&](char* at) { return printNumbers(at, digits, separator, numbers, Count); });
+    constexpr size_t kLongest = Count * (kLongestNumber + 1);
+    writeLine<kLongest>(out, name, kLongest,
+                        [&](char* at) { return printNumbers(at, digits, separator, numbers, Count); });
 }
 template <size_t Count>
 void numbersAttribute(const ElementReader& in, const char* name, Digits, char separator,

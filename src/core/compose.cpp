@@ -138,11 +138,12 @@ struct Outbound
 };
 
 // What families write into MESSAGE_HEADER.
-int composeHeaderAttributes(Outbound& message, TextWriter& out)
+void composeHeaderAttributes(const Outbound& message, TextWriter& out)
 {
     if (isHeartbeat(message.type, message.code))
         heartbeatHeader(out, message.record);
-    return 0;
+    else if (message.type == "LIVE_STREAM_MESSAGE")
+        liveStreamHeader(out, message.record, message.kind, message.code);
 }
 
 int composeFamily(Outbound& message, TextWriter& out)
@@ -156,8 +157,28 @@ int composeFamily(Outbound& message, TextWriter& out)
         return 0;
     if (type == "USER_AUTH_MESSAGE")
         return UserAuthMessageCompose(out, record, kind);
+    if (type == "SYSTEM_SEARCHIPC_MESSAGE")
+        return SystemSearchipcMessageCompose(out, record, kind, code);
+    if (type == "LIVE_STREAM_MESSAGE")
+        return LiveStreamMessageCompose(out, record, kind, code);
+    if (type == "MEDIA_DATA_MESSAGE")
+        return MediaDataMessageCompose(out, record, kind, code, message.extraLength);
     if (type == "NVR_REPLAY_MESSAGE")
         return NvrReplayMessageCompose(out, record, kind, code);
+    if (type == "PTZ_CONTROL_MESSAGE") {
+        if (code == "PTZ_CMD")
+            return PtzControlMessageCompose(out, record, kind);
+        ZelProtocolLogError("PTZ_CONTROL_MESSAGE deal a unknow Msg_code:%.*s !!!\n", printedLength(code),
+                            code.data());
+        return ZEL_ERR_UNKNOWN_MSG;
+    }
+    if (type == "ALARM_REPORT_MESSAGE")
+        return code == "CMD_REPORT_ALARM" ? AlarmReportMessageCompose(out, record, kind, message.extraLength)
+                                          : ZEL_ERR_UNKNOWN_MSG;
+    if (type == "SYSTEM_CONTROL_MESSAGE")
+        return SystemControlMessageCompose(out, record, kind, code);
+    if (type == "SYSTEM_CONFIG_GET_MESSAGE" || type == "SYSTEM_CONFIG_SET_MESSAGE")
+        return SystemConfigMessageCompose(out, record, kind, code);
     if (type == "OPEN_DBG_MESSAGE" || type == "CLOSE_DBG_MESSAGE")
         return 0;
     ZelProtocolLogError("ZelProtocolXMLCompose deal a unknow Msg_type:%.*s Msg_code:%.*s !!!\n",
@@ -177,14 +198,14 @@ int ZelProtocolMessageBufCompose(Outbound& message, TextWriter& out, size_t body
     const size_t headerStart = out.length();
     attributeIfSet(out, "Msg_uuid", header.Msg_uuid);
     attributeIfSet(out, "Msg_chn", header.Msg_chn);
-    int status = message.record ? composeHeaderAttributes(message, out) : 0;
+    if (message.record)
+        composeHeaderAttributes(message, out);
     if (out.length() != headerStart)
         out.append("\n");
     out.append("/>\n<MESSAGE_BODY>\n");
 
     const size_t bodyStart = out.length();
-    if (status == 0 && message.record)
-        status = composeFamily(message, out);
+    int status = message.record ? composeFamily(message, out) : 0;
     const size_t bodyLength = out.length() - bodyStart;
     if (status == 0 && bodyLength >= bodyBuffer)
         status = ZEL_ERR_BUFFER_SMALL;

@@ -10,27 +10,21 @@ namespace zel {
 template <size_t N>
 [[gnu::noinline]] void openElement(TextWriter& out, const char (&name)[N])
 {
-    out.append("<");
-    out.append(name);
-    out.append("\n");
+    out.append("<", name, "\n");
 }
-inline void closeElement(TextWriter& out)
+[[gnu::noinline]] inline void closeElement(TextWriter& out)
 {
     out.append("/>\n");
 }
 template <size_t N>
 [[gnu::noinline]] void openTag(TextWriter& out, const char (&name)[N])
 {
-    out.append("<");
-    out.append(name);
-    out.append(">\n");
+    out.append("<", name, ">\n");
 }
 template <size_t N>
 [[gnu::noinline]] void closeTag(TextWriter& out, const char (&name)[N])
 {
-    out.append("</");
-    out.append(name);
-    out.append(">\n");
+    out.append("</", name, ">\n");
 }
 
 // An element of attributes: its name, each attribute and its close on lines of their own.
@@ -61,6 +55,14 @@ template <class Fill>
 void elementClosedAtQuote(const ElementReader& parent, const char* name, Fill fill)
 {
     element(parent, name, fill);
+}
+
+// Written only if there is something to write; read always.
+template <class Side, size_t N, class Fill>
+void elementIf(bool written, Side& side, const char (&name)[N], Fill fill)
+{
+    if (!kWrites<Side> || written)
+        element(side, name, fill);
 }
 
 // An element of elements: opening and closing tag on lines of their own.

@@ -89,6 +89,25 @@ int giveRecord(void** result, int (*init)(Record*), Fill fill)
     return 0;
 }
 
+// A result whose pExData points at its extension, behind it in the same block: fill(record, extension) can't
+// fail.
+template <class Record, class Extension, class Fill>
+int giveExtended(void** result, int (*init)(Record*), int (*initExtension)(Extension*), Fill fill)
+{
+    static_assert(sizeof(Record) % alignof(Extension) == 0);
+    if (!result)
+        return ZEL_ERR_BAD_PARAM;
+    Record* record = takeRecord(init, sizeof(Extension));
+    if (!record)
+        return ZEL_ERR_NO_MEMORY;
+    auto* extension = reinterpret_cast<Extension*>(record + 1);
+    initExtension(extension);
+    record->pExData = extension;
+    fill(*record, *extension);
+    *result = record;
+    return 0;
+}
+
 // A leaf whose whole message is one required element below the body: fill(element, record).
 template <class Record, class Fill>
 int analyseElement(Message& message, void** result, const Leaf& leaf, const char* name, int (*init)(Record*),
@@ -101,6 +120,30 @@ int analyseElement(Message& message, void** result, const Leaf& leaf, const char
     if (!element)
         return missingElement(leaf, name);
     return giveRecord(result, init, [&](Record& record) { fill(element, record); });
+}
+
+// The same for a list that begins with the required element itself: fill(body, record). `reported` is what
+// the log calls the element when it is missing.
+template <class Record, class Fill>
+int analyseDocument(Message& message, void** result, const Leaf& leaf, const char* name, const char* reported,
+                    int (*init)(Record*), Fill fill)
+{
+    ElementReader body;
+    if (const int status = openBody(message, result, leaf, body))
+        return status;
+    if (!body.child(name))
+        return missingElement(leaf, reported);
+    return giveRecord(result, init, [&](Record& record) { fill(body, record); });
+}
+
+// A leaf whose elements below the body are all optional: fill(body, record).
+template <class Record, class Fill>
+int analyseBody(Message& message, void** result, const Leaf& leaf, int (*init)(Record*), Fill fill)
+{
+    ElementReader body;
+    if (const int status = openBody(message, result, leaf, body))
+        return status;
+    return giveRecord(result, init, [&](Record& record) { fill(body, record); });
 }
 
 // A leaf that serves both directions: the response if there is one, else the request.

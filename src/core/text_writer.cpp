@@ -12,6 +12,14 @@ void TextWriter::appendPart(const char* text, size_t size)
     lost += size - fits;
 }
 
+void TextWriter::appendPieces(const char* first, size_t firstSize, const char* second, size_t secondSize,
+                              const char* third, size_t thirdSize)
+{
+    append(first, firstSize);
+    append(second, secondSize);
+    append(third, thirdSize);
+}
+
 char* printNumber(char* at, int32_t value)
 {
     return std::to_chars(at, at + kLongestNumber, value).ptr;

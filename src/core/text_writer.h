@@ -47,6 +47,20 @@ struct TextWriter
         append(text, N - 1);
     }
 
+    // Three texts, with one look at what is left.
+    template <size_t A, size_t B, size_t C>
+    void append(const char (&first)[A], const char (&second)[B], const char (&third)[C])
+    {
+        if (left() >= A - 1 + B - 1 + C - 1) {
+            memcpy(cursor, first, A - 1);
+            memcpy(cursor + A - 1, second, B - 1);
+            memcpy(cursor + A - 1 + B - 1, third, C - 1);
+            cursor += A - 1 + B - 1 + C - 1;
+        } else {
+            appendPieces(first, A - 1, second, B - 1, third, C - 1);
+        }
+    }
+
     // Takes the last byte back: for closings that stand directly behind an attribute's quote.
     void takeBack()
     {
@@ -63,6 +77,8 @@ struct TextWriter
 
 private:
     void appendPart(const char* text, size_t size);
+    void appendPieces(const char* first, size_t firstSize, const char* second, size_t secondSize,
+                      const char* third, size_t thirdSize);
 };
 
 // Prints like %d and %u (or PRIu64). At most 20 bytes; returns the end.

@@ -9,8 +9,7 @@ namespace {
 
 constexpr char kFamily[] = "NVR_REPLAY_MESSAGE";
 
-// --- Attribute lists, for both directions
-// -------------------------------------------------------------------------
+// --- Attribute lists, for both directions --------------------------------------------------------
 
 constexpr auto channel = [](auto& side, auto& record) { attribute(side, "ChannelId", record.ChannelId); };
 
@@ -67,8 +66,7 @@ constexpr auto timeSlices = [](auto& side, auto& record) {
             [&](auto& slices) { attribute(slices, "TimeSliceInfo", record.TimeSliceInfo); });
 };
 
-// --- Messages
-// -----------------------------------------------------------------------------------------------------
+// --- Messages ------------------------------------------------------------------------------------
 
 int NvrReplay_RecQuery_MessageCompose(TextWriter& out, const NVR_REPLAY_3001_PARAM& record, int kind)
 {
@@ -192,8 +190,7 @@ int NvrReplay_QueryBySencond_MessageAnalysis(Message& message, void** result)
 
 } // namespace
 
-// --- Dispatch
-// -----------------------------------------------------------------------------------------------------
+// --- Dispatch ------------------------------------------------------------------------------------
 
 int NvrReplayMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code)
 {
@@ -265,8 +262,7 @@ int NvrReplayMessageAnalysis(Message& message, std::string_view code, void** res
 
 } // namespace zel
 
-// --- Exported
-// -----------------------------------------------------------------------------------------------------
+// --- Exported ------------------------------------------------------------------------------------
 
 int NVR_REPLAY_3001_PARAM_init(NVR_REPLAY_3001_PARAM* param)
 {

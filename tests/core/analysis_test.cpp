@@ -126,8 +126,7 @@ TEST_F(Analysis, HeaderReadersTakeATextOfTheirOwn)
     EXPECT_EQ(GetTransparentHeader(kLogin.c_str(), nullptr), ZEL_ERR_BAD_DOCUMENT);
 }
 
-// --- Transparent messages
-// ---------------------------------------------------------------------------------------
+// --- Transparent messages ------------------------------------------------------------------------
 
 const std::string kOuter = "<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n<TRANSPARENT_HEADER\n"
                            "Trans_Type=\"NVR\"\nChannel_ID=\"3\"\nTrans_Result=\"ok\"\n/>\n";
@@ -163,8 +162,7 @@ TEST_F(Analysis, TransparentMessagesAreBounded)
     EXPECT_EQ(analyse(kOuter + start + filling + "x" + end).result, ZEL_ERR_BUFFER_SMALL);
 }
 
-// --- The repair of an unquoted channel
-// ----------------------------------------------------------------------------
+// --- The repair of an unquoted channel -----------------------------------------------------------
 
 // The repair shows in a login's text too: what counts is what stands in it.
 std::string unquoted(const std::string& type, const std::string& code, const std::string& channel)
@@ -218,8 +216,7 @@ TEST_F(Analysis, RepairsLongAndWrappedTexts)
     EXPECT_EQ(std::string(analysed.as<TRANSPARENT_HEADER>().acTransData, inner.size()), kept);
 }
 
-// --- Enciphered payloads
-// ------------------------------------------------------------------------------------------
+// --- Enciphered payloads -------------------------------------------------------------------------
 
 std::string enciphered(const std::string& flag, int mode, void* arg)
 {

@@ -1,0 +1,37 @@
+/**
+ * Device configuration: families "SYSTEM_CONFIG_GET_MESSAGE" and "SYSTEM_CONFIG_SET_MESSAGE". The code is
+ * decimal text and alone selects the message: either type carries any of them. The records are in the headers
+ * of the groups.
+ */
+#ifndef ZEL_PROTOCOL_SYSTEM_CONFIG_H
+#define ZEL_PROTOCOL_SYSTEM_CONFIG_H
+
+#include "zel_protocol/core.h"
+#include "zel_protocol/system_config_channel.h"
+#include "zel_protocol/system_config_intelligent.h"
+#include "zel_protocol/system_config_ipc.h"
+#include "zel_protocol/system_config_media.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/**
+ * Composes the body alone, of the message that `code` names.
+ *
+ * Code 1020 takes the record of the control family's message of that code; 3802 has neither record nor body.
+ *
+ * @param record  the record of that code; NULL leaves the buffer alone.
+ * @param buf     receives the terminated text.
+ * @return 0 or a status of ZEL_STATUS.
+ */
+ZEL_API int SystemConfigMessageCompose(const void* record, int kind, const char* code, char* buf, int len);
+
+/** Analyses a text into the record of `code`; 3802 succeeds without one. */
+ZEL_API int SystemConfigMessageAnalysis(const char* text, const char* code, void** result);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

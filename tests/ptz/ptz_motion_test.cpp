@@ -1,0 +1,268 @@
+#include <gtest/gtest.h>
+
+#include <iterator>
+#include <map>
+#include <random>
+#include <sstream>
+
+#include "ptz/ptz_command.h"
+#include "support/wire.h"
+#include "zel_protocol/ptz_control.h"
+
+using namespace test;
+using zel::findPtzCommand;
+using zel::PtzCommand;
+
+namespace {
+
+using Record = PTZ_CONTROL_PTZ_CMD_PARAM;
+using Speeds = PTZ_CONTROL_PTZ_CMD_OUTHERCTRL_PARAM;
+
+const std::string kType = "PTZ_CONTROL_MESSAGE";
+
+std::vector<std::string> split(const std::string& words)
+{
+    std::istringstream in(words);
+    return {std::istream_iterator<std::string>(in), {}};
+}
+
+const std::string kPlainWords = "DeleteWatchGuard CallWatchGuard StopOrbit StopLocus";
+const std::string kScanWords = "ScanBegin ScanEnd ScanOn ScanOff";
+const std::string kMotionWords =
+    "zoomtele zoomwide FocusNearAutoOff FocusFarAutoOff IrisOpenAutoOff IrisCloseAutoOff up down left right "
+    "left_up right_up left_down right_down auto stop ptz_reset";
+
+Record recordOf(const std::string& word, int32_t channel = -1, void* extension = nullptr)
+{
+    Record record;
+    PTZ_CONTROL_PTZ_CMD_PARAM_init(&record);
+    record.channelid = channel;
+    set(record.cmd, word);
+    record.pExData = extension;
+    return record;
+}
+
+// The body, or the status in words.
+std::string body(const Record& record, int kind)
+{
+    char out[512];
+    const int status = PtzControlMessageCompose(&record, kind, out, sizeof out);
+    return status == 0 ? out : std::to_string(status);
+}
+
+Analysed analyseBody(const std::string& body)
+{
+    return analyse(envelope(kType, "PTZ_CMD", body));
+}
+
+const Speeds& speedsOf(const Analysed& analysed)
+{
+    return *static_cast<const Speeds*>(analysed.as<Record>().pExData);
+}
+
+TEST(PtzMotion, PlainCommands)
+{
+    for (const std::string& word : split(kPlainWords + " " + kScanWords)) {
+        const std::string xml = "<xml>\n<cmd>" + word + "</cmd>\n</xml>\n";
+        for (const int request : {0, 2}) {
+            EXPECT_EQ(body(recordOf(word, 3), request), "<channelid>3</channelid>\n" + xml);
+            EXPECT_EQ(body(recordOf(word), request), xml);
+            EXPECT_EQ(body(recordOf(word, 3), request + 1), "");
+        }
+    }
+    for (const std::string& word : split(kPlainWords)) {
+        const Analysed analysed = analyseBody("<xml><cmd>" + word + "</cmd></xml><channelid>3</channelid>");
+        ASSERT_EQ(analysed.result, 0);
+        EXPECT_EQ(analysed.as<Record>().channelid, 3);
+        EXPECT_EQ(get(analysed.as<Record>().cmd), word);
+        EXPECT_EQ(analysed.as<Record>().pExData, nullptr);
+    }
+    for (const std::string& word : split(kScanWords)) {
+        resetServices();
+        EXPECT_EQ(analyseBody(body(recordOf(word), 0)).result, ZEL_ERR_UNKNOWN_MSG);
+        EXPECT_TRUE(loggedOnly("PTZ_CONTROL_MESSAGE deal a unknow cmd \n"));
+    }
+}
+
+TEST(PtzMotion, MotionCommands)
+{
+    Speeds speeds{4, -1};
+    for (const std::string& word : split(kMotionWords)) {
+        for (const int kind : {0, 1, 2, 3}) {
+            EXPECT_EQ(body(recordOf(word, 0, &speeds), kind),
+                      "<channelid>0</channelid>\n<xml>\n<cmd>" + word +
+                          "</cmd><panspeed>4</panspeed><tiltspeed>-1</tiltspeed></xml>");
+            EXPECT_EQ(body(recordOf(word), kind), "<xml>\n<cmd>" + word + "</cmd></xml>");
+        }
+        const Analysed analysed =
+            analyseBody("<xml><tiltspeed>6</tiltspeed><panspeed>5</panspeed><cmd>" + word + "</cmd></xml>");
+        ASSERT_EQ(analysed.result, 0);
+        EXPECT_EQ(analysed.as<Record>().channelid, -1);
+        EXPECT_EQ(get(analysed.as<Record>().cmd), word);
+        EXPECT_EQ(speedsOf(analysed).panspeed, 5);
+        EXPECT_EQ(speedsOf(analysed).tiltspeed, 6);
+    }
+}
+
+// The extension lies in the record's own block, also where the message has no speed.
+TEST(PtzMotion, ExtensionIsAlwaysThere)
+{
+    resetServices();
+    const Analysed analysed = analyseBody(body(recordOf("up", 7), 0));
+    ASSERT_EQ(analysed.result, 0);
+    EXPECT_EQ(services().blocks, 1);
+    EXPECT_EQ(analysed.as<Record>().pExData, &analysed.as<Record>() + 1);
+    EXPECT_EQ(analysed.as<Record>().channelid, 7);
+    EXPECT_EQ(speedsOf(analysed).panspeed, -1);
+    EXPECT_EQ(speedsOf(analysed).tiltspeed, -1);
+}
+
+TEST(PtzMotion, CommandIsWhatTheElementSays)
+{
+    EXPECT_EQ(get(analyseBody("<xml><cmd>left_up</cmd></xml>").as<Record>().cmd), "left_up");
+    EXPECT_EQ(get(analyseBody("<xml/><!-- stop -->").as<Record>().cmd), "");
+    const std::string longWord = "up" + std::string(40, 'x');
+    EXPECT_EQ(get(analyseBody("<xml><cmd>" + longWord + "</cmd></xml>").as<Record>().cmd),
+              longWord.substr(0, 31));
+}
+
+TEST(PtzMotion, UnknownCommands)
+{
+    resetServices();
+    EXPECT_EQ(body(recordOf(""), 0), "-1001");
+    EXPECT_TRUE(loggedOnly("PTZ_CONTROL_MESSAGE put a empty cmd, Error\n"));
+    resetServices();
+    EXPECT_EQ(body(recordOf("Up"), 0), "-1000");
+    EXPECT_TRUE(loggedOnly("PTZ_CONTROL_MESSAGE deal a unknow cmd : Up\n"));
+    EXPECT_EQ(body(recordOf("upx"), 0), "-1000");
+    resetServices();
+    EXPECT_EQ(body(recordOf(std::string(32, 'x')), 0), "-1000");
+    EXPECT_TRUE(loggedOnly("PTZ_CONTROL_MESSAGE deal a unknow cmd : " + std::string(32, 'x') + "\n"));
+}
+
+TEST(PtzMotion, EmptyParameters)
+{
+    const Record record = recordOf("up");
+    char out[64] = "as it was";
+    void* block = nullptr;
+    EXPECT_EQ(PtzControlMessageCompose(nullptr, 0, out, sizeof out), 0);
+    EXPECT_STREQ(out, "as it was");
+    EXPECT_EQ(PtzControlMessageCompose(&record, 0, out, 25), ZEL_ERR_BUFFER_SMALL);
+    EXPECT_EQ(PtzControlMessageCompose(&record, 0, out, 26), 0);
+    EXPECT_STREQ(out, "<xml>\n<cmd>up</cmd></xml>");
+
+    resetServices();
+    EXPECT_EQ(PtzControlMessageCompose(&record, 0, nullptr, 5), ZEL_ERR_BAD_PARAM);
+    EXPECT_EQ(PtzControlMessageCompose(&record, 0, out, 0), ZEL_ERR_BAD_PARAM);
+    EXPECT_TRUE(services().errors.empty());
+    EXPECT_EQ(services().infos, std::vector<std::string>(2, "PTZ_CONTROL_MESSAGE put a empty Param\n"));
+
+    EXPECT_EQ(PtzControlMessageAnalysis(nullptr, &block), ZEL_ERR_BAD_PARAM);
+    EXPECT_TRUE(loggedOnly("PTZ_CONTROL_MESSAGE put a empty Param\n"));
+    EXPECT_EQ(PtzControlMessageAnalysis("<up/>", nullptr), ZEL_ERR_BAD_PARAM);
+    EXPECT_EQ(PTZ_CONTROL_PTZ_CMD_PARAM_init(nullptr), -1);
+    EXPECT_EQ(PTZ_CONTROL_PTZ_CMD_OUTHERCTRL_PARAM_init(nullptr), -1);
+}
+
+// All texts have a blank in front of the name.
+TEST(PtzMotion, FailuresOfTheLeaves)
+{
+    const struct
+    {
+        int (*analysis)(const char*, void**);
+        std::string name;
+    } leaves[] = {{PtzControlptzCmd_MessageAnalysis, " PtzControlptzCmd_MessageAnalysis"},
+                  {PtzControlptzControl_MessageAnalysis, " PtzControlptzControl_MessageAnalysis"}};
+    const std::string noXml = envelope(kType, "PTZ_CMD", "<cmd>up</cmd>");
+    for (const auto& [analysis, name] : leaves) {
+        void* block = nullptr;
+        resetServices();
+        EXPECT_EQ(analysis(nullptr, &block), ZEL_ERR_BAD_PARAM);
+        EXPECT_EQ(analysis("<up", &block), ZEL_ERR_BAD_DOCUMENT);
+        EXPECT_EQ(analysis("<up/>", &block), ZEL_ERR_BAD_DOCUMENT);
+        EXPECT_EQ(analysis(noXml.c_str(), &block), ZEL_ERR_NO_ELEMENT);
+        EXPECT_EQ(services().errors,
+                  (std::vector<std::string>{name + " put a empty Param\n", name + " Parse MsgBuf error\n",
+                                            name + " get MESSAGE_BODY error\n",
+                                            name + " get RESPONSE_PARAM error\n"}));
+    }
+}
+
+// The words in the order of their precedence, and what each stands for.
+const std::vector<std::pair<std::string, PtzCommand>> kRanks = {
+    {"getCurPos", PtzCommand::kGetCurPos},
+    {"setCurPos", PtzCommand::kSetCurPos},
+    {"GetLocateCfg", PtzCommand::kGetLocateCfg},
+    {"SetLocateCfg", PtzCommand::kSetLocateCfg},
+    {"ManualLocate", PtzCommand::kManualLocate},
+    {"setpreset clearpreset callpreset", PtzCommand::kPreset},
+    {"GetPresetList", PtzCommand::kGetPresetList},
+    {"SetPresetListEx", PtzCommand::kSetPresetListEx},
+    {"SetWatchGuard GetWatchGuard", PtzCommand::kWatchGuard},
+    {kPlainWords, PtzCommand::kPlain},
+    {"GetOrbitList", PtzCommand::kGetOrbitList},
+    {"AutoOrbit", PtzCommand::kAutoOrbit},
+    {"AddOrbit", PtzCommand::kAddOrbit},
+    {"ClearOrbit", PtzCommand::kClearOrbit},
+    {"GetLocusList", PtzCommand::kGetLocusList},
+    {"SetLocus", PtzCommand::kSetLocus},
+    {"trans", PtzCommand::kTrans},
+    {"RecordLocus StopRecordLocus StartLocus", PtzCommand::kLocus},
+    {kMotionWords, PtzCommand::kMotion},
+    {"^", PtzCommand::kGetPresetList},
+};
+
+using Ranks = std::vector<std::pair<std::string, PtzCommand>>;
+
+PtzCommand plainSearch(const Ranks& ranks, const std::string& text)
+{
+    for (const auto& [word, command] : ranks) {
+        if (text.find(word) == std::string::npos)
+            continue;
+        const bool extended = word == "GetPresetList" && text.find("GetPresetListEx") != std::string::npos;
+        return extended ? PtzCommand::kGetPresetListEx : command;
+    }
+    return PtzCommand::kUnknown;
+}
+
+PtzCommand searchExact(const std::string& text)
+{
+    const std::unique_ptr<char[]> bytes(new char[text.size()]);
+    memcpy(bytes.get(), text.data(), text.size());
+    return findPtzCommand({bytes.get(), text.size()});
+}
+
+TEST(PtzMotion, SearchIsThePlainOne)
+{
+    Ranks ranks;
+    for (const auto& [words, command] : kRanks)
+        for (const std::string& word : split(words))
+            ranks.emplace_back(word, command);
+
+    // Whole words, parts of words, and bytes that pass for a letter of one.
+    std::vector<std::string> pieces = {"GetPresetListEx", "Ex", "_", " ", "5", "0", "\xE7\xE5"};
+    for (const auto& [word, command] : ranks) {
+        EXPECT_EQ(searchExact("<" + word + "^>"), command) << word;
+        for (size_t cut = 0; cut < word.size(); ++cut)
+            for (const std::string& piece : {word.substr(cut), word.substr(0, cut)})
+                EXPECT_EQ(searchExact(piece), plainSearch(ranks, piece)) << piece;
+        for (const size_t cut : {size_t{0}, size_t{1}, word.size() / 2}) {
+            pieces.push_back(word.substr(cut));
+            pieces.push_back(word.substr(0, word.size() - cut));
+        }
+    }
+    std::mt19937 random(1);
+    std::map<PtzCommand, int> seen;
+    for (int round = 0; round < 100000; ++round) {
+        std::string text;
+        for (size_t count = random() % 8; count > 0; --count)
+            text += pieces[random() % pieces.size()];
+        const PtzCommand expected = plainSearch(ranks, text);
+        ++seen[expected];
+        ASSERT_EQ(searchExact(text), expected) << text;
+    }
+    // Everything but the scan words was met: they aren't searched for.
+    EXPECT_EQ(seen.size(), static_cast<size_t>(PtzCommand::kScan));
+}
+
+} // namespace
