@@ -68,22 +68,35 @@ inline void prepareStream(const Socket& socket)
     ::setsockopt(socket.fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
 
-/** Listens on a port, or on a free one if it is 0; `port` becomes the real one. The socket is closed after a
- * failure. */
+/** Takes a port, or a free one if it is 0; `port` becomes the real one. */
+inline bool bindTo(const Socket& socket, std::uint16_t& port)
+{
+    sockaddr_in address = loopbackAddress(port);
+    socklen_t size = sizeof address;
+    if (!socket.isOpen() || ::bind(socket.fd, reinterpret_cast<const sockaddr*>(&address), size) != 0 ||
+        ::getsockname(socket.fd, reinterpret_cast<sockaddr*>(&address), &size) != 0)
+        return false;
+    port = ntohs(address.sin_port);
+    return true;
+}
+
+/** Listens on a port as bindTo takes it. The socket is closed after a failure. */
 inline Socket listenOn(std::uint16_t& port)
 {
     Socket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    if (!socket.isOpen())
-        return Socket();
     const int on = 1;
     ::setsockopt(socket.fd, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-    sockaddr_in address = loopbackAddress(port);
-    socklen_t size = sizeof address;
-    if (::bind(socket.fd, reinterpret_cast<const sockaddr*>(&address), size) != 0 ||
-        ::listen(socket.fd, 8) != 0 ||
-        ::getsockname(socket.fd, reinterpret_cast<sockaddr*>(&address), &size) != 0)
+    if (!bindTo(socket, port) || ::listen(socket.fd, 8) != 0)
         return Socket();
-    port = ntohs(address.sin_port);
+    return socket;
+}
+
+/** A socket for datagrams on a port as bindTo takes it. Closed after a failure. */
+inline Socket datagramsOn(std::uint16_t& port)
+{
+    Socket socket(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    if (!bindTo(socket, port))
+        return Socket();
     return socket;
 }
 
@@ -139,6 +152,32 @@ inline ReceiveState receiveSome(const Socket& socket, char* buffer, std::size_t 
         return ReceiveState::Timeout;
     const ssize_t count = ::recv(socket.fd, buffer, size, 0);
     if (count <= 0)
+        return ReceiveState::Closed;
+    received = static_cast<std::size_t>(count);
+    return ReceiveState::Data;
+}
+
+/** The largest datagram. */
+constexpr std::size_t kDatagramBytes = 65507;
+
+inline bool sendDatagram(const Socket& socket, const sockaddr_in& to, const char* data, std::size_t count)
+{
+    return ::sendto(socket.fd, data, count, MSG_NOSIGNAL, reinterpret_cast<const sockaddr*>(&to),
+                    sizeof to) == static_cast<ssize_t>(count);
+}
+
+/** Takes one datagram, waiting for it if none is there; `from` is where an answer goes. */
+inline ReceiveState receiveDatagram(const Socket& socket, char* buffer, std::size_t size, int timeoutMs,
+                                    std::size_t& received, sockaddr_in& from)
+{
+    received = 0;
+    pollfd wanted = {socket.fd, POLLIN, 0};
+    if (::poll(&wanted, 1, timeoutMs) <= 0)
+        return ReceiveState::Timeout;
+    socklen_t addressSize = sizeof from;
+    const ssize_t count =
+        ::recvfrom(socket.fd, buffer, size, 0, reinterpret_cast<sockaddr*>(&from), &addressSize);
+    if (count < 0)
         return ReceiveState::Closed;
     received = static_cast<std::size_t>(count);
     return ReceiveState::Data;

@@ -72,6 +72,26 @@ inline bool startsWithMagic(const unsigned char* head, std::size_t count,
     return std::equal(head, head + std::min(count, magic.size()), magic.begin());
 }
 
+/** Bytes behind the head that a frame's head announces. */
+inline std::uint32_t announcedBytes(const char* frameHead)
+{
+    const auto* head = reinterpret_cast<const unsigned char*>(frameHead);
+    std::uint32_t length = 0;
+    for (int i = 7; i >= 4; --i)
+        length = length << 8 | head[i];
+    return length;
+}
+
+/** Writes a head of kFrameHeadBytes. */
+inline void putFrameHead(char* frameHead, bool enciphered, std::uint32_t length)
+{
+    const std::array<unsigned char, 4>& magic = enciphered ? kEncipheredMagic : kPlainMagic;
+    for (std::size_t i = 0; i < magic.size(); ++i) {
+        frameHead[i] = static_cast<char>(magic[i]);
+        frameHead[4 + i] = static_cast<char>(length >> (8 * i) & 0xff);
+    }
+}
+
 /** Takes the next frame out of the reader. */
 inline FrameState nextFrame(FrameReader& reader, Frame& frame)
 {
@@ -88,9 +108,7 @@ inline FrameState nextFrame(FrameReader& reader, Frame& frame)
     if (count < kFrameHeadBytes)
         return FrameState::NeedMore;
 
-    std::uint32_t length = 0;
-    for (int i = 7; i >= 4; --i)
-        length = length << 8 | head[i];
+    const std::uint32_t length = announcedBytes(start);
     if (length == 0 || length > kMaxPayloadBytes) {
         reader.refused = true;
         return FrameState::Refused;

@@ -7,14 +7,17 @@
 #include "demo_io.h"
 #include "frame_stream.h"
 
+#include "zel_platform/codec.h"
 #include "zel_platform/default_layer.h"
 #include "zel_protocol/zel_protocol.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace demo {
@@ -25,6 +28,15 @@ constexpr int kResponse = 1;
 constexpr std::string_view kUserAuth = "USER_AUTH_MESSAGE";
 constexpr std::string_view kHeartbeat = "ZEL_HEARTBEAT_MESSAGE";
 constexpr std::string_view kTransparent = "TRANSPARENT_CHANNEL_MSG";
+constexpr std::string_view kSearch = "SYSTEM_SEARCHIPC_MESSAGE";
+constexpr std::string_view kControl = "SYSTEM_CONTROL_MESSAGE";
+constexpr std::string_view kConfigGet = "SYSTEM_CONFIG_GET_MESSAGE";
+constexpr std::string_view kConfigSet = "SYSTEM_CONFIG_SET_MESSAGE";
+constexpr std::string_view kLive = "LIVE_STREAM_MESSAGE";
+constexpr std::string_view kPtz = "PTZ_CONTROL_MESSAGE";
+constexpr std::string_view kReplay = "NVR_REPLAY_MESSAGE";
+constexpr std::string_view kAlarm = "ALARM_REPORT_MESSAGE";
+constexpr std::string_view kMediaData = "MEDIA_DATA_MESSAGE";
 
 /** These programs use Msg_flag for the outcome of a request; the library hands it through unread. */
 constexpr std::string_view kOk = "OK";
@@ -71,16 +83,18 @@ void setField(char (&field)[N], std::string_view text)
     std::fill(std::copy_n(text.begin(), count, field), field + N, '\0');
 }
 
-/**
- * Sends back what a peer sent. Values are written without escaping, so one that would spoil the document is
- * left out.
- */
+/** Values are written without escaping: these three would spoil the document. */
+inline bool isWritable(std::string_view text)
+{
+    return text.find_first_of("\"&<") == std::string_view::npos;
+}
+
+/** Sends back what a peer sent, but for what would spoil the document. */
 template <std::size_t N, std::size_t M>
 void echoField(char (&field)[N], const char (&received)[M])
 {
     const std::string_view text = fieldText(received);
-    const bool writable = text.find_first_of("\"&<") == std::string_view::npos;
-    setField(field, writable ? text : std::string_view());
+    setField(field, isWritable(text) ? text : std::string_view());
 }
 
 inline ZEL_PROTOCOL_HEADER makeHeader(std::string_view type, std::string_view code)
@@ -112,9 +126,58 @@ inline Composed composeMessage(const ZEL_PROTOCOL_HEADER& header, const void* re
         message.bytes.resize(size);
         result = ZelProtocolXMLCompose(&header, record, kind, cipher.mode, codecArg(cipher),
                                        message.bytes.data(), static_cast<int>(size));
+        // A bare text that was cut gives its whole length.
+        if (result > static_cast<int>(size))
+            result = ZEL_ERR_BUFFER_SMALL;
     }
     message.status = std::min(result, 0);
     message.bytes.resize(static_cast<std::size_t>(std::max(result, 0)));
+    return message;
+}
+
+/** Enciphers the payload of a plain frame as one. */
+inline void encipherFrame(Composed& message, Cipher& cipher)
+{
+    const std::size_t count = message.bytes.size() - kFrameHeadBytes;
+    std::vector<char> frame(kFrameHeadBytes + 2 * count);
+    const int written =
+        ZelProtocolEncode(cipher.mode, message.bytes.data() + kFrameHeadBytes, static_cast<int>(count),
+                          frame.data() + kFrameHeadBytes, static_cast<int>(2 * count), codecArg(cipher));
+    message.status = written < 0 ? ZEL_ERR_CODEC : 0;
+    frame.resize(written < 0 ? 0 : kFrameHeadBytes + static_cast<std::size_t>(written));
+    if (written >= 0)
+        putFrameHead(frame.data(), true, static_cast<std::uint32_t>(written));
+    message.bytes = std::move(frame);
+}
+
+/**
+ * Composes a message that announces raw data, and puts the end code and the data behind its text. The record
+ * says how many bytes there are; a number that differs from `count` is refused here, because the peer would
+ * take the rest for the next frame.
+ *
+ * If the library enciphered the text, the data would follow it in the clear, with nothing to tell the
+ * receiver where the cipher's text ends and nothing to show that the data was tampered with. So the message
+ * is composed plain and then enciphered with its data as one payload. The receiver needs nothing special: the
+ * analysis deciphers the whole payload and finds the data behind the text. Both ends must do so. (It doesn't
+ * serve code 3 of MEDIA_DATA_MESSAGE, which counts the bytes as they were before deciphering.)
+ */
+inline Composed composeWithData(const ZEL_PROTOCOL_HEADER& header, const void* record, int kind,
+                                const char* data, std::size_t count, Cipher& cipher)
+{
+    constexpr std::size_t kEndCodeBytes = 4;
+
+    Cipher plain;
+    Composed message = composeMessage(header, record, kind, plain);
+    if (message.status != 0)
+        return message;
+    message.bytes.insert(message.bytes.end(), kEndCodeBytes, '\0');
+    message.bytes.insert(message.bytes.end(), data, data + count);
+    if (announcedBytes(message.bytes.data()) != message.bytes.size() - kFrameHeadBytes) {
+        message.status = ZEL_ERR_BAD_CONTENT;
+        message.bytes.clear();
+    } else if (cipher.mode >= 0) {
+        encipherFrame(message, cipher);
+    }
     return message;
 }
 
@@ -154,6 +217,15 @@ inline Received analyseFrame(const Frame& frame, Cipher& cipher)
     return message;
 }
 
+/**
+ * Whether the header could be read but the message has no parameters. Most queries and many answers are like
+ * that: the analysis then misses an element, and the header tells all there is.
+ */
+inline bool isHeaderAlone(const Received& message)
+{
+    return message.result == ZEL_ERR_NO_ELEMENT;
+}
+
 /** The record; type and code of the message tell which one it is. */
 template <class Record>
 const Record& recordOf(const Received& message)
@@ -161,9 +233,21 @@ const Record& recordOf(const Received& message)
     return *static_cast<const Record*>(message.record.get());
 }
 
+/** The same where a message may lack its record: null then. */
+template <class Record>
+const Record* recordIn(const Received& message)
+{
+    return message.result == 0 ? static_cast<const Record*>(message.record.get()) : nullptr;
+}
+
 inline bool hasType(const Received& message, std::string_view type)
 {
     return fieldText(message.header.Msg_type) == type;
+}
+
+inline bool hasCode(const Received& message, std::string_view code)
+{
+    return fieldText(message.header.Msg_code) == code;
 }
 
 inline bool hasFlag(const Received& message, std::string_view flag)
@@ -207,9 +291,11 @@ inline std::string withNote(std::string_view flag, std::string_view note)
 
 inline void printReceived(const char* who, const Received& message, std::string_view note)
 {
-    printMessage(who, "<-", fieldText(message.header.Msg_type), fieldText(message.header.Msg_code),
-                 message.bytes, std::min(message.result, 0),
-                 withNote(fieldText(message.header.Msg_flag), note));
+    printMessage(
+        who, "<-", fieldText(message.header.Msg_type), fieldText(message.header.Msg_code), message.bytes,
+        std::min(message.result, 0),
+        withNote(withNote(fieldText(message.header.Msg_flag), isHeaderAlone(message) ? "no parameters" : ""),
+                 note));
 }
 
 inline void printSent(const char* who, const Composed& message, std::string_view note)

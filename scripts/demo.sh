@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs the example camera and lets the example client visit it twice, plain and enciphered. Both transcripts go to
-# standard output. Exit status 0 only if the camera and both visits ended with 0; ends within 20 seconds.
+# Runs the example camera and lets the example client visit it twice, plain and enciphered. The client gets the port
+# for searches alone and finds the rest. In each visit two users log in. Both transcripts go to standard output. Exit status 0 only if the camera and both visits ended with 0; ends within 20 seconds.
 #
 # usage: demo.sh BUILD_DIR
 set -u
@@ -32,7 +32,7 @@ cleanUp()
 trap cleanUp EXIT
 
 mkfifo "$scratch/transcript" || exit 1
-timeout 18 "$programs/camera" 0 --clients 2 --idle 5 >"$scratch/transcript" &
+timeout 18 "$programs/camera" 0 --clients 4 --idle 5 >"$scratch/transcript" &
 camera=$!
 exec 3<"$scratch/transcript"
 

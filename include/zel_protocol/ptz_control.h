@@ -17,6 +17,10 @@ extern "C" {
  *
  * Composing borrows the extension and only reads it. Analysis puts it behind the record in the same block, so
  * that ZelProtocolMSGAnalysisStop releases both, and a plain copy of the record still points into that block.
+ *
+ * An analysis takes the first command word of its order that stands anywhere in the text, in a value too, and
+ * fills that command's extension; cmd is what the cmd element says. From an honest peer the two agree. Don't
+ * follow pExData on the word of cmd alone: it is NULL where the text's command has no extension.
  */
 typedef struct PTZ_CONTROL_PTZ_CMD_PARAM
 {
