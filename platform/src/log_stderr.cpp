@@ -53,7 +53,7 @@ void printLine(const char* prefix, const char* format, va_list arguments) noexce
     /* Arguments come from the network: they must not drive a terminal or forge a line. */
     for (std::size_t i = start; i < length; ++i) {
         const auto c = static_cast<unsigned char>(line[i]);
-        if (c < 0x20 || c == 0x7F)
+        if (c < 0x20 || c >= 0x7F)
             line[i] = '?';
     }
     line[length++] = '\n';

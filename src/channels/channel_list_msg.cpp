@@ -7,6 +7,9 @@
 
 namespace zel {
 
+template <>
+inline constexpr bool kInitLeavesFields<SYSTEM_CONFIG_GET_3801_PARAM> = true;
+
 namespace {
 
 // Unlike elsewhere kind 2 is a response.
@@ -78,13 +81,19 @@ int composeRequest(TextWriter& out, const char (&name)[N], const int32_t& field)
     return 0;
 }
 
-template <size_t N>
-void initRows(SYSTEM_CONFIG_CHANNEL_INFO (&rows)[N])
+// The rows are the record's end, and most of it.
+template <class Record>
+int initChannels(Record* record)
 {
+    if (!record)
+        return -1;
+    auto& rows = record->stChannelInfo;
+    memset(record, 0xFF, sizeof *record - sizeof rows);
     clear(rows);
     for (SYSTEM_CONFIG_CHANNEL_INFO& row : rows)
         setAbsent(row.ChannelId, row.CtrlPort, row.DevMode, row.Status, row.Result, row.RtspMainResPort,
                   row.RtspSubResPort);
+    return 0;
 }
 
 } // namespace
@@ -203,12 +212,12 @@ int SYSTEM_CONFIG_GET_3801_PARAM_init(SYSTEM_CONFIG_GET_3801_PARAM* param)
 
 int SYSTEM_CONFIG_GET_3803_PARAM_init(SYSTEM_CONFIG_GET_3803_PARAM* param)
 {
-    return zel::initRecord(param, [](auto& record) { zel::initRows(record.stChannelInfo); });
+    return zel::initChannels(param);
 }
 
 int SYSTEM_CONFIG_SET_3804_PARAM_init(SYSTEM_CONFIG_SET_3804_PARAM* param)
 {
-    return zel::initRecord(param, [](auto& record) { zel::initRows(record.stChannelInfo); });
+    return zel::initChannels(param);
 }
 
 int SystemConfig_NvrChannelStartSearchipc_MessageAnalysis(const char* text, void** result)

@@ -1,7 +1,6 @@
 #include "core/message.h"
 
 #include <climits>
-#include <cstdlib>
 #include <cstring>
 
 #include "zel_platform/log.h"
@@ -82,19 +81,9 @@ int openBody(Message& message, void** result, const Leaf& leaf, ElementReader& b
 void* takeBlock(size_t recordSize, size_t tailSize)
 {
     void* block = tailSize <= SIZE_MAX - recordSize ? ZelProtocolMalloc(recordSize + tailSize) : nullptr;
-    if (!block) {
+    if (!block)
         ZelProtocolLogError("Malloc Memory failed!\n");
-        return nullptr;
-    }
-    // Whatever an init or a gap between fields leaves untouched must not be somebody else's memory.
-    memset(block, 0xFF, recordSize);
     return block;
-}
-
-void releaseBlock(void* block)
-{
-    // Results are released with free, here as in ZelProtocolMSGAnalysisStop.
-    free(block);
 }
 
 } // namespace zel

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/element_reader.h"
+#include "core/records.h"
 #include "zel_protocol/core.h"
 
 namespace zel {
@@ -62,7 +63,12 @@ int openBody(Message& message, void** result, const Leaf& leaf, ElementReader& b
 
 // A block for a result, or null, which has been logged.
 void* takeBlock(size_t recordSize, size_t tailSize);
-void releaseBlock(void* block);
+
+// True of the few records whose init leaves fields as they are. Elsewhere it sets every byte, gaps included.
+template <class Record>
+constexpr bool kInitLeavesFields = false;
+template <>
+inline constexpr bool kInitLeavesFields<TRANSPARENT_HEADER> = true;
 
 // A record at its absent values, at the start of a new block with room for a tail; null when there is no
 // memory.
@@ -70,8 +76,12 @@ template <class Record>
 Record* takeRecord(int (*init)(Record*), size_t tailSize = 0)
 {
     auto* record = static_cast<Record*>(takeBlock(sizeof(Record), tailSize));
-    if (record)
-        init(record);
+    if (!record)
+        return nullptr;
+    // What the init leaves must not be somebody else's memory.
+    if (kInitLeavesFields<Record>)
+        setAbsent(*record);
+    init(record);
     return record;
 }
 
@@ -90,16 +100,18 @@ int giveRecord(void** result, int (*init)(Record*), Fill fill)
 }
 
 // A result whose pExData points at its extension, behind it in the same block: fill(record, extension) can't
-// fail.
-template <class Record, class Extension, class Fill>
+// fail. A peer may name one kind of extension and send another, so the block has `room` for the family's
+// largest: an application that follows the name reads zero bytes at worst.
+template <size_t room, class Record, class Extension, class Fill>
 int giveExtended(void** result, int (*init)(Record*), int (*initExtension)(Extension*), Fill fill)
 {
-    static_assert(sizeof(Record) % alignof(Extension) == 0);
+    static_assert(sizeof(Record) % alignof(Extension) == 0 && sizeof(Extension) <= room);
     if (!result)
         return ZEL_ERR_BAD_PARAM;
-    Record* record = takeRecord(init, sizeof(Extension));
+    Record* record = takeRecord(init, room);
     if (!record)
         return ZEL_ERR_NO_MEMORY;
+    memset(record + 1, 0, room);
     auto* extension = reinterpret_cast<Extension*>(record + 1);
     initExtension(extension);
     record->pExData = extension;

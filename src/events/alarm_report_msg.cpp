@@ -160,12 +160,12 @@ int AlarmReportMessageAnalysis(Message& message, void** result)
         return missingElement(leaf, "ALARM_ITEM");
     // The element decides, whatever the alarm's code.
     const auto give = [&](int32_t type, auto initExtension, auto fill) {
-        return giveExtended(result, ALARM_REPORT_CMD_RPEORT_ALARM_PARAM_init, initExtension,
-                            [&](AlarmReport& record, auto& extension) {
-                                readReport(report, item, record);
-                                record.iExDataType = type;
-                                fill(extension);
-                            });
+        return giveExtended<sizeof(FaceInfo)>(result, ALARM_REPORT_CMD_RPEORT_ALARM_PARAM_init, initExtension,
+                                              [&](AlarmReport& record, auto& extension) {
+                                                  readReport(report, item, record);
+                                                  record.iExDataType = type;
+                                                  fill(extension);
+                                              });
     };
     if (const ElementReader element = item.child("HumanFaceInfo")) {
         uint8_t algorithmVersion = 0;

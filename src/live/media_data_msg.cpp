@@ -104,6 +104,8 @@ int giveRecordAndData(const Message& message, void** result, const Leaf& leaf, i
     if (!record)
         return ZEL_ERR_NO_MEMORY;
     fill(*record);
+    // A malformed text may say it twice: the one that was checked counts.
+    record->DataLen = dataLength;
     if (!data.empty()) {
         record->pData = reinterpret_cast<char*>(record + 1);
         memcpy(record->pData, data.data(), data.size());

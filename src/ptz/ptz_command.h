@@ -48,6 +48,9 @@ PtzCommand findPtzCommand(std::string_view text);
 
 // --- The record and its extension ----------------------------------------------------------------
 
+// Of the largest extension: each group of commands that brings a larger one raises it.
+constexpr size_t kPtzExtensionRoom = sizeof(PTZ_CONTROL_PTZ_CMD_OUTHERCTRL_PARAM);
+
 // Reports that a command has no extension although its form needs one.
 int missingExtension(const PtzRecord& record);
 
@@ -78,12 +81,12 @@ int analysePtzCommand(Message& message, void** result, const Leaf& leaf, int (*i
     PtzElements elements;
     if (const int status = openPtzCommand(message, result, leaf, elements))
         return status;
-    return giveExtended(result, PTZ_CONTROL_PTZ_CMD_PARAM_init, initExtension,
-                        [&](PtzRecord& record, Extension& extension) {
-                            ptzChannel(elements.body, record);
-                            ptzWord(elements.xml, record);
-                            fill(elements.xml, extension);
-                        });
+    return giveExtended<kPtzExtensionRoom>(result, PTZ_CONTROL_PTZ_CMD_PARAM_init, initExtension,
+                                           [&](PtzRecord& record, Extension& extension) {
+                                               ptzChannel(elements.body, record);
+                                               ptzWord(elements.xml, record);
+                                               fill(elements.xml, extension);
+                                           });
 }
 
 } // namespace zel

@@ -68,6 +68,8 @@ TEST(Log, LongTextsAreCutAndLinesCannotBeForged)
     EXPECT_EQ("zel error: " + std::string(1024 - 11 - 1, 'x') + "\n",
               printedError(std::string(5000, 'x').c_str()));
     EXPECT_EQ("zel error: a?zel error: b?[31m?\n", printedError("a\nzel error: b\x1B[31m\x7F\n"));
+    EXPECT_EQ("zel error: a??31m\n", printedError("a\xC2\x9B"
+                                                  "31m\n"));
     EXPECT_EQ("zel error: \n", printedError(""));
 }
 

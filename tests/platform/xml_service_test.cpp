@@ -3,11 +3,16 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <map>
 #include <memory>
+#include <random>
+#include <set>
 #include <string>
 
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
+
+#include "zel_platform/memory.h"
 
 namespace {
 
@@ -41,22 +46,8 @@ std::string nested(int depth)
     return text;
 }
 
-int allocationsLeft = 0;
+int allocationsLeft = INT_MAX;
 int blocksTaken = 0;
-
-void* limitedTake(size_t size)
-{
-    if (allocationsLeft-- <= 0)
-        return nullptr;
-    ++blocksTaken;
-    return std::malloc(size);
-}
-
-void limitedGive(void* block)
-{
-    --blocksTaken;
-    std::free(block);
-}
 
 } // namespace
 
@@ -246,27 +237,131 @@ TEST(XmlService, EveryPrefixOfATextIsReadWithinItsBytes)
     }
 }
 
-TEST(XmlService, EachFailingAllocationIsAFailedParseAndLeavesNothing)
+TEST(XmlService, TakesOneBlockOrNone)
 {
-    const pugi::allocation_function take = pugi::get_memory_allocation_function();
-    const pugi::deallocation_function give = pugi::get_memory_deallocation_function();
-    pugi::set_memory_management_functions(limitedTake, limitedGive);
     std::string text = "<r>";
     for (int i = 0; i < 2000; ++i)
         text += "<e a=\"1\"/>";
     text += "</r>";
-    int limit = 0;
-    for (bool parsed = false; !parsed && limit < 100; ++limit) {
+    allocationsLeft = 0;
+    {
         ZelXMLParser parser;
-        allocationsLeft = limit;
-        parsed = parseExact(parser, text) == 0;
-        EXPECT_EQ(parsed, parser.RootElement() != nullptr);
-        EXPECT_EQ(parsed, blocksTaken > 0);
+        EXPECT_NE(0, parseExact(parser, text));
+        EXPECT_EQ(nullptr, parser.RootElement());
+        allocationsLeft = 1;
+        EXPECT_EQ(0, parseExact(parser, text));
+        EXPECT_EQ(1, blocksTaken);
+        allocationsLeft = INT_MAX;
+        EXPECT_NE(0, parseExact(parser, text + "<"));
+        EXPECT_EQ(0, blocksTaken);
     }
     EXPECT_EQ(0, blocksTaken);
-    EXPECT_GT(limit, 3);
-    EXPECT_LT(limit, 100);
-    pugi::set_memory_management_functions(take, give);
+}
+
+namespace {
+
+/* Everything that a text consists of, whole and broken. */
+std::string randomText(std::mt19937& random)
+{
+    static const char* const kPieces[] = {"<a",
+                                          "<b",
+                                          "</a>",
+                                          "</b>",
+                                          "/>",
+                                          ">",
+                                          " x=\"1\"",
+                                          " y='2'",
+                                          " x=\"",
+                                          "\"",
+                                          "'",
+                                          "=",
+                                          "<",
+                                          "</",
+                                          "text",
+                                          " ",
+                                          "\n",
+                                          "<!--c-->",
+                                          "<![CDATA[d]]>",
+                                          "<![CDATA[ ]]>",
+                                          "]]>",
+                                          "-->",
+                                          "<?p i?>",
+                                          "<?xml version=\"1.0\"?>",
+                                          "&lt;",
+                                          "&amp;",
+                                          "&#65;",
+                                          "&#x42;",
+                                          "&unknown;",
+                                          "&",
+                                          "<a x=\"1\" y=\"2\">",
+                                          "<a/>",
+                                          "<a>",
+                                          "<b>",
+                                          "<c:d-e.f/>",
+                                          "\xC3\xA4",
+                                          "<\xC3\xA4/>",
+                                          "\t",
+                                          "a",
+                                          " x =\n\"1\"",
+                                          "<a>t</a>",
+                                          "<a ></a >"};
+    const auto pick = [&random](std::size_t count) { return random() % count; };
+    std::string text = pick(2) ? "<a>" : "";
+    for (std::size_t i = 1 + pick(14); i > 0; --i)
+        text += kPieces[pick(std::size(kPieces))];
+    return text + (pick(2) ? "</a>" : "");
+}
+
+void expectSame(const ZelXMLParser& parser, void* node, const pugi::xml_node& other, const std::string& text)
+{
+    std::string ownText;
+    for (const pugi::xml_node child : other.children()) {
+        const std::string value = child.value();
+        if (ownText.empty() && value.find_first_not_of(" \t\n\v\f\r") != std::string::npos)
+            ownText = value;
+    }
+    const char* const read = parser.GetText(node);
+    EXPECT_EQ(ownText, read ? read : "") << text;
+    std::map<std::string, std::set<std::string>> values;
+    for (const pugi::xml_attribute attribute : other.attributes())
+        values[attribute.name()].insert(attribute.value());
+    for (const auto& [name, all] : values) {
+        const char* const value = parser.Attribute(node, name.c_str());
+        EXPECT_TRUE(value && all.count(value) == 1) << text;
+    }
+    for (const pugi::xml_node child : other.children()) {
+        if (child.type() != pugi::node_element)
+            continue;
+        void* own = parser.FirstChildElement(node, child.name());
+        for (auto before = child.previous_sibling(child.name()); before;
+             before = before.previous_sibling(child.name()))
+            own = parser.NextSiblingElement(own, child.name());
+        ASSERT_NE(nullptr, own) << text;
+        expectSame(parser, own, child, text);
+    }
+}
+
+} // namespace
+
+/* A reader of general use is the judge of what is well-formed and what stands in it. */
+TEST(XmlService, ReadsAsAnotherReaderDoes)
+{
+    std::mt19937 random(7);
+    int accepted = 0;
+    for (int i = 0; i < 20000; ++i) {
+        const std::string text = randomText(random);
+        ZelXMLParser parser;
+        pugi::xml_document other;
+        const bool good = parseExact(parser, text) == 0;
+        ASSERT_EQ(good, static_cast<bool>(other.load_buffer(text.data(), text.size(),
+                                                            pugi::parse_cdata | pugi::parse_escapes,
+                                                            pugi::encoding_utf8)))
+            << text;
+        accepted += good;
+        if (good)
+            expectSame(parser, parser.RootElement(), other.document_element(), text);
+    }
+    EXPECT_GT(accepted, 500);
 }
 
 namespace {
@@ -381,4 +476,19 @@ TEST(XmlService, TextsAreCutToLeaveRoomForTheirTerminator)
     EXPECT_STREQ(" 1", field);
     EXPECT_EQ(0, getXmlIntTypeParamByGetText(parser, root, &number));
     EXPECT_EQ(12, number);
+}
+
+/* The reader's memory, in place of the default one. */
+void* ZelXMLMalloc(size_t size)
+{
+    if (allocationsLeft-- <= 0)
+        return nullptr;
+    ++blocksTaken;
+    return std::malloc(size);
+}
+
+void ZelXMLFree(void* block)
+{
+    --blocksTaken;
+    std::free(block);
 }

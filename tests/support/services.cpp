@@ -60,6 +60,23 @@ void ZelProtocolFree(void* block)
     free(block);
 }
 
+void* ZelXMLMalloc(size_t size)
+{
+    test::Services& services = test::services();
+    if (services.readerFailAfter == 0)
+        return nullptr;
+    if (services.readerFailAfter > 0)
+        --services.readerFailAfter;
+    ++services.readerBlocks;
+    return malloc(size);
+}
+
+void ZelXMLFree(void* block)
+{
+    --test::services().readerBlocks;
+    free(block);
+}
+
 void ZelProtocolLogDebug(const char* format, ...)
 {
     va_list arguments;

@@ -10,8 +10,10 @@ namespace test {
 // What this thread's calls did since the last reset.
 struct Services
 {
-    int blocks = 0;     // taken with ZelProtocolMalloc
-    int failAfter = -1; // blocks that still succeed; below zero: all
+    int blocks = 0;           // taken with ZelProtocolMalloc
+    int failAfter = -1;       // blocks that still succeed; below zero: all
+    int readerFailAfter = -1; // the same for the XML reader's memory
+    int readerBlocks = 0;     // of it, now in use
     std::vector<std::string> errors;
     std::vector<std::string> infos;
     std::vector<std::string> debugs;

@@ -1,0 +1,16 @@
+/*
+ * Memory of the XML reader: the standard allocator.
+ */
+#include <cstdlib>
+
+#include "zel_platform/memory.h"
+
+void* ZelXMLMalloc(size_t size)
+{
+    return std::malloc(size);
+}
+
+void ZelXMLFree(void* block)
+{
+    std::free(block);
+}
