@@ -3,6 +3,11 @@
 #
 #   install-dependencies.sh       what `make test` and `make demo` need
 #   install-dependencies.sh ci    what .ci/run needs on top
+#   install-dependencies.sh bench what `make bench` needs on top
+#   install-dependencies.sh costs what `make costs` needs on top
+#   install-dependencies.sh fuzz  what `make fuzz` needs on top
+#   install-dependencies.sh cross what the presets m32 and arm64 need on top; a cross compiler takes the place of
+#                                 the package gcc-multilib, which Debian doesn't install beside one
 set -euo pipefail
 
 has_cmake() { # 3.20 or later
@@ -12,8 +17,16 @@ has_cmake() { # 3.20 or later
 has_command() { command -v "$1" >/dev/null; }
 has_library() { has_command pkg-config && pkg-config --exists "$1"; }
 has_compiler() { has_command "${CXX:-c++}"; }
+has_narrow_library() { # a 32-bit C++ library for the machine's own compiler
+    has_command g++ && printf '#include <cstdio>\nint main() {}' |
+        g++ -m32 -idirafter /usr/include/x86_64-linux-gnu -x c++ - -o /dev/null 2>/dev/null
+}
 has_clang_runtime() {
     has_command clang++ && printf 'int main() {}' | clang++ -x c++ -fsanitize=address - -o /dev/null 2>/dev/null
+}
+has_fuzzer_runtime() {
+    has_command clang++ && printf 'extern "C" int LLVMFuzzerTestOneInput(const char*, unsigned long) { return 0; }' |
+        clang++ -x c++ -fsanitize=fuzzer,address - -o /dev/null 2>/dev/null
 }
 
 packages=()
@@ -45,8 +58,34 @@ ci)
     need binutils 'nm and readelf' has_command readelf
     need git 'git' has_command git
     ;;
+bench)
+    need libbenchmark-dev 'Google Benchmark' test -e /usr/include/benchmark/benchmark.h
+    need libpugixml-dev 'pugixml' has_library pugixml
+    need libfmt-dev 'fmt' has_library fmt
+    need libtinyxml2-dev 'tinyxml2' has_library tinyxml2
+    need librapidxml-dev 'RapidXML' test -e /usr/include/rapidxml/rapidxml.hpp
+    need libxml2-dev 'libxml2' has_library libxml-2.0
+    ;;
+costs)
+    need g++ 'GCC' has_command g++
+    need valgrind 'valgrind' has_command valgrind
+    ;;
+fuzz)
+    need clang 'clang' has_command clang++
+    need libclang-rt-14-dev "clang's sanitizer and fuzzer runtime" has_fuzzer_runtime
+    need llvm-14 'llvm-cov and llvm-profdata' has_command llvm-cov-14
+    ;;
+cross)
+    need g++ 'GCC' has_command g++
+    version=$(g++ -dumpversion 2>/dev/null || echo 12)
+    need "g++-${version%%.*}-multilib" 'a 32-bit C++ library' has_narrow_library
+    need libc6-i386 'a 32-bit C library' test -e /lib/ld-linux.so.2
+    need g++-aarch64-linux-gnu 'a C++ compiler for 64-bit ARM' has_command aarch64-linux-gnu-g++
+    need qemu-user-static "qemu's user emulation" has_command qemu-aarch64-static
+    need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
+    ;;
 *)
-    echo "usage: $0 [ci]" >&2
+    echo "usage: $0 [ci|bench|costs|fuzz|cross]" >&2
     exit 2
     ;;
 esac

@@ -22,11 +22,21 @@ void TextWriter::appendPieces(const char* first, size_t firstSize, const char* s
 
 char* printNumber(char* at, int32_t value)
 {
-    return std::to_chars(at, at + kLongestNumber, value).ptr;
+    if (value >= 0)
+        return printNumber(at, static_cast<uint32_t>(value));
+    *at++ = '-';
+    return printNumber(at, 0 - static_cast<uint32_t>(value));
 }
 
 char* printNumber(char* at, uint32_t value)
 {
+    // Most settings have one digit or two.
+    if (value < 100) {
+        if (value >= 10)
+            *at++ = static_cast<char>('0' + value / 10);
+        *at++ = static_cast<char>('0' + value % 10);
+        return at;
+    }
     return std::to_chars(at, at + kLongestNumber, value).ptr;
 }
 
@@ -49,6 +59,28 @@ char* printHex(char* at, uint32_t value)
 
 char* printFloat(char* at, float value)
 {
+    uint32_t bits;
+    memcpy(&bits, &value, sizeof bits);
+    const uint32_t exponent = bits >> 23 & 0xFF;
+    // A float is a whole number of 24 bits, shifted. Where its millionths fit 64 bits they are found exactly,
+    // and rounded as printf rounds them: to the nearest, a tie to the even one.
+    constexpr uint32_t kWhole = 127 + 23; // exponent without a shift
+    if (exponent >= kWhole - 63 && exponent <= kWhole) {
+        const uint32_t shift = kWhole - exponent;
+        const uint64_t scaled = uint64_t{(bits & 0x7FFFFF) | 0x800000} * 1000000;
+        uint64_t millionths = scaled >> shift;
+        const uint64_t twice = (scaled - (millionths << shift)) << 1;
+        const uint64_t one = uint64_t{1} << shift;
+        millionths += twice > one || (twice == one && millionths % 2 != 0);
+        if (bits >> 31 != 0)
+            *at++ = '-';
+        at = printNumber(at, static_cast<uint32_t>(millionths / 1000000));
+        *at++ = '.';
+        auto rest = static_cast<uint32_t>(millionths % 1000000);
+        for (int i = 5; i >= 0; --i, rest /= 10)
+            at[i] = static_cast<char>('0' + rest % 10);
+        return at + 6;
+    }
     // printf knows no float: it prints the double of the same value.
     return std::to_chars(at, at + kLongestFloat, static_cast<double>(value), std::chars_format::fixed, 6).ptr;
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cmath>
 #include <functional>
 #include <memory>
 
@@ -115,6 +116,30 @@ TEST(TextSides, WriterAtEverySize)
     EXPECT_EQ(whole, "<Element\n" + kEverything + "/>\n<Closed\nNumber=\"-12\"/>\n");
     for (size_t capacity = 0; capacity <= whole.size(); ++capacity)
         EXPECT_EQ(written(fill, capacity), whole.substr(0, capacity)) << capacity;
+}
+
+// As printf prints them: near powers of two, ties, and any bits that make a number.
+TEST(TextSides, FloatsAsPrintfPrintsThem)
+{
+    const auto check = [](float value) {
+        char expected[64];
+        snprintf(expected, sizeof expected, "%f", static_cast<double>(value));
+        char printed[kLongestFloat];
+        EXPECT_EQ(std::string(printed, static_cast<size_t>(printFloat(printed, value) - printed)), expected);
+    };
+    for (const float value : {0.0F, -0.0F, 0.5F, 0.1F, 1e-7F, 5e-7F, 16777215.0F, 16777216.0F, 3e38F, 1e-45F})
+        check(value);
+    for (int exponent = -60; exponent < 60; ++exponent) {
+        check(std::ldexp(1.0F, exponent));
+        check(std::ldexp(-16777215.0F, exponent));
+    }
+    uint32_t bits = 1;
+    for (int i = 0; i < 20000; ++i, bits = bits * 1664525 + 1013904223) {
+        float value;
+        memcpy(&value, &bits, sizeof value);
+        if (std::isfinite(value))
+            check(value);
+    }
 }
 
 TEST(TextSides, AbsentValuesAreLeftOut)

@@ -213,6 +213,18 @@ TEST(AlarmReport, FeatureBlock)
     EXPECT_EQ(received("<ANIMAL_INFO/>", "xyz").result, 0);
 }
 
+// A peer may name one kind of alarm and send the extension of another: composing it again stays in the block.
+TEST(AlarmReport, ExtensionOfAnotherKind)
+{
+    const std::string body = "<ALARM_REPORT_PARAM><ALARM_ITEM><ALARM_INFO Alarm_code=\"38\"/>"
+                             "<ANIMAL_INFO Animal_type=\"7\"/></ALARM_ITEM></ALARM_REPORT_PARAM>";
+    const Analysed analysed = analyse(envelope(kType, kCode, body));
+    ASSERT_EQ(analysed.result, 0);
+    EXPECT_EQ(analysed.as<Alarm>().iExDataType, 44);
+    const std::string again = compose(headerOf(kType, kCode), analysed.record.get(), 0).text;
+    EXPECT_NE(again.find("<HumanFaceInfo\nAge=\"7\"\nGender=\"0\"\n"), std::string::npos);
+}
+
 TEST(AlarmReport, Failures)
 {
     const std::pair<const char*, const char*> cases[] = {

@@ -60,7 +60,7 @@ public:
     /** An attribute's value, or NULL. It may be written to, up to its end, and lives with the document. */
     char* Attribute(void* node, const char* name) const noexcept;
 
-    /** The element's own text with its leading line feed, or NULL. White space alone is none. */
+    /** The element's first text that isn't white space alone, its leading line feed included, or NULL. */
     const char* GetText(void* node) const noexcept;
 
 private:

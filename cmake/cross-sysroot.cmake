@@ -1,0 +1,11 @@
+# Where a build for ZEL_CROSS_MACHINE finds pugixml, libsodium and GoogleTest, and nothing of this machine's.
+get_filename_component(ZEL_SYSROOT "${CMAKE_CURRENT_LIST_DIR}/../build/sysroot/${ZEL_CROSS_MACHINE}" ABSOLUTE)
+set(pugixml_DIR "${ZEL_SYSROOT}/usr/lib/${ZEL_CROSS_TRIPLET}/cmake/pugixml")
+set(GTest_DIR "${ZEL_SYSROOT}/usr/lib/${ZEL_CROSS_TRIPLET}/cmake/GTest")
+set(CMAKE_FIND_ROOT_PATH "${ZEL_SYSROOT}")
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(ENV{PKG_CONFIG_SYSROOT_DIR} "${ZEL_SYSROOT}")
+set(ENV{PKG_CONFIG_LIBDIR} "${ZEL_SYSROOT}/usr/lib/${ZEL_CROSS_TRIPLET}/pkgconfig")
