@@ -5,12 +5,16 @@ BUILD := build/release
 MAKEFLAGS += --no-print-directory
 
 .DEFAULT_GOAL := help
-.PHONY: help demo test size clean dependencies release
+.PHONY: help demo test size bench costs fuzz corpus fuzz-coverage clean dependencies release build-fuzz
 
 help:
 	@echo "make demo   build everything, let a camera and a client talk over loopback"
 	@echo "make test   build everything, run the tests"
 	@echo "make size   size of the shared library"
+	@echo "make bench  how fast the messages are beside code written by hand; also in build/bench.json"
+	@echo "make costs  what every message costs, into docs/costs.md"
+	@echo "make fuzz   build the fuzzers, run each for FUZZ_SECONDS (60)"
+	@echo "make corpus renew what the fuzzers start from, after a change of the messages"
 	@echo "make clean  remove build/"
 
 demo: release
@@ -23,6 +27,35 @@ size: dependencies
 	cmake --preset shared -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_EXAMPLES=OFF -B build/size
 	cmake --build build/size --parallel $(JOBS)
 	size build/size/src/libzelprotocol.so build/size/platform/libzelplatform.so
+
+bench:
+	scripts/install-dependencies.sh bench
+	cmake --preset release -B build/bench -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_EXAMPLES=OFF -DZEL_BUILD_BENCH=ON \
+		-DZEL_BENCH_COSTS=OFF
+	cmake --build build/bench --parallel $(JOBS)
+	build/bench/bench/zel_bench --json=build/bench.json
+
+costs:
+	scripts/install-dependencies.sh costs
+	scripts/costs.sh write
+
+FUZZ_SECONDS ?= 60
+
+fuzz: build-fuzz
+	fuzz/run.sh build/fuzz $(FUZZ_SECONDS)
+
+corpus: build-fuzz
+	build/fuzz/fuzz/make_corpus fuzz
+
+# Which lines the committed corpus and a short run reach.
+fuzz-coverage:
+	scripts/install-dependencies.sh fuzz
+	fuzz/coverage.sh build/fuzz-coverage $(FUZZ_SECONDS)
+
+build-fuzz:
+	scripts/install-dependencies.sh fuzz
+	cmake --preset fuzz
+	cmake --build --preset fuzz --parallel $(JOBS)
 
 clean:
 	rm -rf build

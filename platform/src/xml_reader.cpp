@@ -55,7 +55,8 @@ struct Document : ZelXMLDocument
     Attribute* attributes;
     /* The search starts behind the attribute that was found last: most are read in the order of writing. */
     const Node* lastNode;
-    std::uint32_t nextAttribute;
+    const Attribute* next;
+    const Attribute* end;
 };
 
 /* --- Characters ------------------------------------------------------------------------------------ */
@@ -104,61 +105,40 @@ char* skipSpace(char* at) noexcept
     return at;
 }
 
-#if defined(__SSE2__)
+/*
+ * Byte by byte, on purpose: the processor guesses where a name or a value ends and goes on, while a wide
+ * comparison makes it wait for the place it computes.
+ */
 
 /* The first byte that can't stand in a name. */
 [[gnu::always_inline]] inline char* nameEnd(char* at) noexcept
 {
-    for (;; at += kBlock) {
-        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-        const auto within = [](__m128i bytes, char first, char last) {
-            const __m128i offset = _mm_sub_epi8(bytes, _mm_set1_epi8(first));
-            return _mm_cmpeq_epi8(_mm_min_epu8(offset, _mm_set1_epi8(static_cast<char>(last - first))),
-                                  offset);
-        };
-        const __m128i letter = within(_mm_or_si128(block, _mm_set1_epi8(0x20)), 'a', 'z');
-        const __m128i digitOrColon = within(block, '0', ':');
-        const __m128i dashOrDot = within(block, '-', '.');
-        const __m128i underscore = _mm_cmpeq_epi8(block, _mm_set1_epi8('_'));
-        const __m128i ascii =
-            _mm_or_si128(_mm_or_si128(letter, digitOrColon), _mm_or_si128(dashOrDot, underscore));
-        /* Bytes beyond ASCII have the bit that is gathered here set already. */
-        const auto inside = static_cast<unsigned int>(_mm_movemask_epi8(_mm_or_si128(ascii, block)));
-        if (inside != 0xFFFF)
-            return at + __builtin_ctz(~inside);
+    for (;; at += 4) {
+        if (!is(at[0], kInName))
+            return at;
+        if (!is(at[1], kInName))
+            return at + 1;
+        if (!is(at[2], kInName))
+            return at + 2;
+        if (!is(at[3], kInName))
+            return at + 3;
     }
 }
 
 /* The first of that character, or the end of the text. */
 [[gnu::always_inline]] inline char* findOrEnd(char* at, char wanted) noexcept
 {
-    for (;; at += kBlock) {
-        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-        const __m128i hit = _mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8(wanted)),
-                                         _mm_cmpeq_epi8(block, _mm_setzero_si128()));
-        const auto hits = static_cast<unsigned int>(_mm_movemask_epi8(hit));
-        if (hits != 0)
-            return at + __builtin_ctz(hits);
+    for (;; at += 4) {
+        if (at[0] == wanted || !at[0])
+            return at;
+        if (at[1] == wanted || !at[1])
+            return at + 1;
+        if (at[2] == wanted || !at[2])
+            return at + 2;
+        if (at[3] == wanted || !at[3])
+            return at + 3;
     }
 }
-
-#else
-
-char* nameEnd(char* at) noexcept
-{
-    while (is(*at, kInName))
-        ++at;
-    return at;
-}
-
-char* findOrEnd(char* at, char wanted) noexcept
-{
-    while (*at != wanted && *at)
-        ++at;
-    return at;
-}
-
-#endif
 
 /* What the arrays need room for, and what a text may or may not hold. */
 struct Census
@@ -306,14 +286,18 @@ bool resolveReferences(char* text) noexcept
 /* One run over the text. Each step returns where it stopped, or null for a text that isn't well-formed. */
 struct Reader
 {
+    Reader(Document& into, char* text, bool withReferences) noexcept
+        : document(into), base(text), hasReferences(withReferences)
+    {}
+
     Document& document;
     char* const base;
     const bool hasReferences;
     std::uint32_t nodeCount = 0;
     std::uint32_t attributeCount = 0;
     int depth = 0;
-    Node* open[kMaxDepth] = {};      /* the elements that are open, from the root on */
-    Node* lastChild[kMaxDepth] = {}; /* of each */
+    Node* open[kMaxDepth];      /* the elements that are open, from the root on */
+    Node* lastChild[kMaxDepth]; /* of each */
 
     std::uint32_t placeOf(const char* at) const noexcept
     {
@@ -354,13 +338,17 @@ struct Reader
     {
         char* const name = at;
         char* const behindName = nameEnd(at);
-        at = skipSpace(behindName);
-        if (*at != '=')
+        at = behindName;
+        /* Hardly ever does white space stand around the equals sign. */
+        if (*at != '=' && *(at = skipSpace(at)) != '=')
             return nullptr;
-        at = skipSpace(at + 1);
-        const char quote = *at;
-        if (quote != '"' && quote != '\'')
-            return nullptr;
+        char quote = *++at;
+        if (quote != '"' && quote != '\'') {
+            at = skipSpace(at);
+            quote = *at;
+            if (quote != '"' && quote != '\'')
+                return nullptr;
+        }
         char* const value = at + 1;
         at = findOrEnd(value, quote);
         if (!*at)
@@ -502,11 +490,12 @@ Document* makeDocument(const char* text, std::size_t size) noexcept
     document->attributes = reinterpret_cast<Attribute*>(block + sizeof(Document) + nodes);
     document->text = block + arrays;
     document->lastNode = nullptr;
-    document->nextAttribute = 0;
+    document->next = nullptr;
+    document->end = nullptr;
     std::memcpy(document->text, text, size);
     std::memset(document->text + size, 0, kBlock);
 
-    Reader reader{*document, document->text, census.hasReference};
+    Reader reader(*document, document->text, census.hasReference);
     if (reader.read())
         return document;
     ZelXMLFree(block);
@@ -536,16 +525,17 @@ void* findSibling(const Document& document, std::uint32_t first, const char* nam
 
 [[gnu::noinline]] char* searchAttribute(Document& document, const Node& node, const char* name) noexcept
 {
-    const Attribute* const attributes = document.attributes + node.firstAttribute;
-    const std::uint32_t start = document.lastNode == &node ? document.nextAttribute : 0;
-    std::uint32_t i = start;
-    for (std::uint32_t tried = 0; tried < node.attributeCount; ++tried, ++i) {
-        if (i >= node.attributeCount)
-            i = 0;
-        if (isSame(document.text + attributes[i].name, name)) {
+    const Attribute* const begin = document.attributes + node.firstAttribute;
+    const Attribute* const end = begin + node.attributeCount;
+    const Attribute* at = document.lastNode == &node ? document.next : begin;
+    for (std::uint32_t tried = 0; tried < node.attributeCount; ++tried, ++at) {
+        if (at == end)
+            at = begin;
+        if (isSame(document.text + at->name, name)) {
             document.lastNode = &node;
-            document.nextAttribute = i + 1;
-            return document.text + attributes[i].value;
+            document.next = at + 1;
+            document.end = end;
+            return document.text + at->value;
         }
     }
     return nullptr;
@@ -554,13 +544,10 @@ void* findSibling(const Document& document, std::uint32_t first, const char* nam
 char* findAttribute(Document& document, const Node& node, const char* name) noexcept
 {
     /* Mostly it is the next one. */
-    const std::uint32_t next = document.nextAttribute;
-    if (document.lastNode == &node && next < node.attributeCount) {
-        const Attribute attribute = document.attributes[node.firstAttribute + next];
-        if (isSame(document.text + attribute.name, name)) {
-            document.nextAttribute = next + 1;
-            return document.text + attribute.value;
-        }
+    const Attribute* const next = document.next;
+    if (document.lastNode == &node && next != document.end && isSame(document.text + next->name, name)) {
+        document.next = next + 1;
+        return document.text + next->value;
     }
     return searchAttribute(document, node, name);
 }

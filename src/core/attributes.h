@@ -78,9 +78,8 @@ template <size_t N, class Number>
 }
 
 template <size_t N>
-[[gnu::noinline]] void writeText(TextWriter& out, const char (&name)[N], const char* value, size_t size)
+[[gnu::noinline]] void writeKnown(TextWriter& out, const char (&name)[N], const char* value, size_t length)
 {
-    const size_t length = strnlen(value, size);
     constexpr size_t kAround = N - 1 + sizeof("=\"\"\n") - 1;
     if (out.left() >= kAround && out.left() - kAround >= length) {
         char* at = out.cursor;
@@ -96,6 +95,12 @@ template <size_t N>
     } else {
         appendLine(out, name, N - 1, value, length);
     }
+}
+
+template <size_t N>
+void writeText(TextWriter& out, const char (&name)[N], const char* value, size_t size)
+{
+    writeKnown(out, name, value, strnlen(value, size));
 }
 
 // --- The type's own form -------------------------------------------------------------------------

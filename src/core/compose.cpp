@@ -191,8 +191,8 @@ int ZelProtocolMessageBufCompose(Outbound& message, TextWriter& out, size_t body
 {
     const ZEL_PROTOCOL_HEADER& header = message.header;
     out.append("<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n<MESSAGE_HEADER\n");
-    attribute(out, "Msg_type", header.Msg_type);
-    attribute(out, "Msg_code", header.Msg_code);
+    writeKnown(out, "Msg_type", message.type.data(), message.type.size());
+    writeKnown(out, "Msg_code", message.code.data(), message.code.size());
     attribute(out, "Msg_flag", header.Msg_flag);
 
     const size_t headerStart = out.length();

@@ -24,11 +24,15 @@ bool scanTime(std::string_view& text, int32_t& hour, int32_t& minute, int32_t& s
 bool takeGroup(std::string_view& text, std::string_view& group)
 {
     constexpr size_t kLongestGroup = 32;
-    const size_t open = text.find('[');
-    if (open == std::string_view::npos)
-        return false;
-    const size_t close = text.find(']', open + 1);
-    if (close == std::string_view::npos)
+    // A step or two to the bracket, a group of a few bytes: no work for a search function.
+    const auto place = [text](size_t from, char bracket) {
+        while (from < text.size() && text[from] != bracket)
+            ++from;
+        return from;
+    };
+    const size_t open = place(0, '[');
+    const size_t close = place(open + 1, ']');
+    if (close >= text.size())
         return false;
     const size_t length = close - open - 1;
     group = {text.data() + open + 1, length < kLongestGroup ? length : kLongestGroup};

@@ -9,6 +9,11 @@ bool isSpace(char c)
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
 void skipSpace(std::string_view& text)
 {
     while (!text.empty() && isSpace(text.front()))
@@ -23,25 +28,32 @@ bool takeSign(std::string_view& text)
     return negative;
 }
 
-// strtol on 64 bits: stops at its largest value and is then cut to the field's width.
-bool takeNumber(std::string_view& text, int32_t& field)
+// strtol on 64 bits: stops at its largest value and is then cut to the field's
+// width. Returns where it stopped, or null without a number.
+inline const char* takeNumber(const char* at, const char* end, int32_t& field)
 {
-    std::string_view rest = text;
-    skipSpace(rest);
-    const bool negative = takeSign(rest);
-    const uint64_t largest = negative ? uint64_t{1} << 63 : (uint64_t{1} << 63) - 1;
+    while (at != end && isSpace(*at))
+        ++at;
+    const bool negative = at != end && *at == '-';
+    if (negative || (at != end && *at == '+'))
+        ++at;
+    const char* const digits = at;
     uint64_t magnitude = 0;
-    const size_t before = rest.size();
-    while (!rest.empty() && rest.front() >= '0' && rest.front() <= '9') {
-        const auto digit = static_cast<uint64_t>(rest.front() - '0');
-        magnitude = magnitude > (largest - digit) / 10 ? largest : magnitude * 10 + digit;
-        rest.remove_prefix(1);
+    // No number of so few digits is too large.
+    const char* const safe = end - at > 18 ? at + 18 : end;
+    for (; at != safe && isDigit(*at); ++at)
+        magnitude = magnitude * 10 + static_cast<uint64_t>(*at - '0');
+    if (at == digits)
+        return nullptr;
+    if (at == safe && at != end) {
+        const uint64_t largest = negative ? uint64_t{1} << 63 : (uint64_t{1} << 63) - 1;
+        for (; at != end && isDigit(*at); ++at) {
+            const auto digit = static_cast<uint64_t>(*at - '0');
+            magnitude = magnitude > (largest - digit) / 10 ? largest : magnitude * 10 + digit;
+        }
     }
-    if (rest.size() == before)
-        return false;
     field = static_cast<int32_t>(static_cast<uint32_t>(negative ? 0 - magnitude : magnitude));
-    text = rest;
-    return true;
+    return at;
 }
 
 int hexDigit(char c)
@@ -60,22 +72,28 @@ int hexDigit(char c)
 int32_t numberOf(std::string_view text)
 {
     int32_t value = 0;
-    takeNumber(text, value);
+    takeNumber(text.data(), text.data() + text.size(), value);
     return value;
 }
 
 size_t scanNumbers(std::string_view& text, char separator, int32_t* numbers, size_t count)
 {
-    for (size_t done = 0; done < count; ++done) {
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    size_t done = 0;
+    for (; done < count; ++done) {
         if (done > 0) {
-            if (text.empty() || text.front() != separator)
-                return done;
-            text.remove_prefix(1);
+            if (at == end || *at != separator)
+                break;
+            ++at;
         }
-        if (!takeNumber(text, numbers[done]))
-            return done;
+        const char* const behind = takeNumber(at, end, numbers[done]);
+        if (!behind)
+            break;
+        at = behind;
     }
-    return count;
+    text.remove_prefix(static_cast<size_t>(at - text.data()));
+    return done;
 }
 
 bool scanHex(std::string_view text, int32_t& field)
