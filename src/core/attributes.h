@@ -77,8 +77,25 @@ template <size_t N, class Number>
     writeLine(out, name, kLongestNumber, [value](char* at) { return printNumber(at, value); });
 }
 
+// Most values are short: two moves that may overlap, in place of a call.
+inline void copyShort(char* to, const char* from, size_t size)
+{
+    if (size > 16) {
+        memcpy(to, from, size);
+    } else if (size >= 8) {
+        uint64_t parts[2];
+        memcpy(&parts[0], from, 8);
+        memcpy(&parts[1], from + size - 8, 8);
+        memcpy(to, &parts[0], 8);
+        memcpy(to + size - 8, &parts[1], 8);
+    } else {
+        for (size_t i = 0; i < size; ++i)
+            to[i] = from[i];
+    }
+}
+
 template <size_t N>
-[[gnu::noinline]] void writeKnown(TextWriter& out, const char (&name)[N], const char* value, size_t length)
+[[gnu::noinline]] void writeText(TextWriter& out, const char (&name)[N], const char* value, size_t length)
 {
     constexpr size_t kAround = N - 1 + sizeof("=\"\"\n") - 1;
     if (out.left() >= kAround && out.left() - kAround >= length) {
@@ -87,7 +104,7 @@ template <size_t N>
         at += N - 1;
         *at++ = '=';
         *at++ = '"';
-        memcpy(at, value, length);
+        copyShort(at, value, length);
         at += length;
         *at++ = '"';
         *at++ = '\n';
@@ -98,9 +115,9 @@ template <size_t N>
 }
 
 template <size_t N>
-void writeText(TextWriter& out, const char (&name)[N], const char* value, size_t size)
+void writeField(TextWriter& out, const char (&name)[N], const char* value, size_t size)
 {
-    writeKnown(out, name, value, strnlen(value, size));
+    writeText(out, name, value, strnlen(value, size));
 }
 
 // --- The type's own form -------------------------------------------------------------------------
@@ -134,7 +151,7 @@ template <size_t N>
 template <size_t N, size_t Size>
 void attribute(TextWriter& out, const char (&name)[N], const char (&field)[Size])
 {
-    writeText(out, name, field, Size);
+    writeField(out, name, field, Size);
 }
 
 template <class Number>
@@ -253,7 +270,7 @@ void readWholeField(const ElementReader& in, const char* name, char* field, size
 template <size_t N, size_t Size>
 void wholeFieldAttribute(TextWriter& out, const char (&name)[N], const char (&field)[Size])
 {
-    writeText(out, name, field, Size);
+    writeField(out, name, field, Size);
 }
 template <size_t Size>
 void wholeFieldAttribute(const ElementReader& in, const char* name, char (&field)[Size])

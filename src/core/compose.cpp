@@ -134,13 +134,14 @@ struct Outbound
     std::string_view code;
     const void* record;
     int kind;
+    bool isHeartbeat;
     int extraLength; // raw bytes that the family announces
 };
 
 // What families write into MESSAGE_HEADER.
 void composeHeaderAttributes(const Outbound& message, TextWriter& out)
 {
-    if (isHeartbeat(message.type, message.code))
+    if (message.isHeartbeat)
         heartbeatHeader(out, message.record);
     else if (message.type == "LIVE_STREAM_MESSAGE")
         liveStreamHeader(out, message.record, message.kind, message.code);
@@ -153,7 +154,7 @@ int composeFamily(Outbound& message, TextWriter& out)
     const void* const record = message.record;
     const int kind = message.kind;
 
-    if (isHeartbeat(type, code))
+    if (message.isHeartbeat)
         return 0;
     if (type == "USER_AUTH_MESSAGE")
         return UserAuthMessageCompose(out, record, kind);
@@ -191,8 +192,8 @@ int ZelProtocolMessageBufCompose(Outbound& message, TextWriter& out, size_t body
 {
     const ZEL_PROTOCOL_HEADER& header = message.header;
     out.append("<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n<MESSAGE_HEADER\n");
-    writeKnown(out, "Msg_type", message.type.data(), message.type.size());
-    writeKnown(out, "Msg_code", message.code.data(), message.code.size());
+    writeText(out, "Msg_type", message.type.data(), message.type.size());
+    writeText(out, "Msg_code", message.code.data(), message.code.size());
     attribute(out, "Msg_flag", header.Msg_flag);
 
     const size_t headerStart = out.length();
@@ -275,7 +276,9 @@ int ZelProtocolXMLCompose(const ZEL_PROTOCOL_HEADER* header, const void* record,
         return ZEL_ERR_BAD_PARAM;
     const auto size = static_cast<size_t>(outLen);
     const Frame frame{iCodecMode, iCodecArg, outBuf, size};
-    Outbound message{*header, textOf(header->Msg_type), textOf(header->Msg_code), record, kind, 0};
+    const std::string_view type = textOf(header->Msg_type);
+    const std::string_view code = textOf(header->Msg_code);
+    Outbound message{*header, type, code, record, kind, isHeartbeat(type, code), 0};
     if (message.type == "TRANSPARENT_CHANNEL_MSG" && record)
         return composeTransparent(frame, *static_cast<const TRANSPARENT_HEADER*>(record));
 
