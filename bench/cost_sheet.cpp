@@ -18,6 +18,7 @@
 
 #include "support/catalogue.h"
 #include "zel_platform/memory.h"
+#include "zel_platform/xml_memory.h"
 
 namespace {
 

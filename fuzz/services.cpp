@@ -11,6 +11,7 @@
 #include "require.h"
 #include "zel_platform/log.h"
 #include "zel_platform/memory.h"
+#include "zel_platform/xml_memory.h"
 
 namespace fuzz {
 

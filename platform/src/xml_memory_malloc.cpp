@@ -3,7 +3,7 @@
  */
 #include <cstdlib>
 
-#include "zel_platform/memory.h"
+#include "zel_platform/xml_memory.h"
 
 void* ZelXMLMalloc(size_t size)
 {

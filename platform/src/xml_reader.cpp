@@ -21,7 +21,7 @@
 #include <emmintrin.h>
 #endif
 
-#include "zel_platform/memory.h"
+#include "zel_platform/xml_memory.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
 
-#include "zel_platform/memory.h"
+#include "zel_platform/xml_memory.h"
 
 namespace {
 

@@ -10,6 +10,7 @@
 #include <malloc.h>
 
 #include "zel_platform/memory.h"
+#include "zel_platform/xml_memory.h"
 #include "zel_protocol/zel_protocol.h"
 
 namespace test {

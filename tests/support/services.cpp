@@ -6,6 +6,7 @@
 
 #include "zel_platform/log.h"
 #include "zel_platform/memory.h"
+#include "zel_platform/xml_memory.h"
 
 namespace test {
 

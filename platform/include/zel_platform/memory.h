@@ -26,13 +26,6 @@ void* ZelProtocolMalloc(size_t size);
 /** Gives back a work block of the library. NULL is allowed. Results never come here. */
 void ZelProtocolFree(void* block);
 
-/**
- * Memory of the default XML reader: one block for each text, given back before the call that took it returns.
- * An application may define both; one that brings an XML service of its own doesn't need them.
- */
-void* ZelXMLMalloc(size_t size);
-void ZelXMLFree(void* block);
-
 #ifdef __cplusplus
 }
 #endif
