@@ -132,8 +132,8 @@ void requireArguments(uint8_t number, const std::string& bytes)
     // Some read their text first.
     const int leafWithoutSlot = leaf(bytes.c_str(), nullptr);
     const Memory memory = stopWatching();
-    require(memory.live == 0 && memory.taken == 0 && result == &slot,
-            "a call without an argument takes nothing");
+    // A long text that needs the repair takes a work block before the missing slot shows.
+    require(memory.live == 0 && result == &slot, "a call without an argument keeps nothing");
     require(withoutSlot <= 0 && leafWithoutSlot < 0, "without a slot there is no record");
     for (const int status : statuses)
         require(status == ZEL_ERR_BAD_PARAM, "a missing argument is told");

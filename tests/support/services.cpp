@@ -23,7 +23,9 @@ void resetServices()
 
 bool loggedOnly(const std::string& text)
 {
-    return services().errors == std::vector<std::string>{text};
+    const bool only = services().errors == std::vector<std::string>{text};
+    services().errors.clear();
+    return only;
 }
 
 namespace {

@@ -22,7 +22,7 @@ struct Services
 Services& services();
 void resetServices();
 
-// True if exactly this one text was logged as an error since the last reset.
+// True if exactly this one text was logged as an error since the last reset or the last such question.
 bool loggedOnly(const std::string& text);
 
 } // namespace test

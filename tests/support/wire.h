@@ -3,10 +3,15 @@
 #ifndef ZEL_TESTS_SUPPORT_WIRE_H
 #define ZEL_TESTS_SUPPORT_WIRE_H
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "support/services.h"
 #include "zel_protocol/zel_protocol.h"
@@ -92,6 +97,63 @@ inline Analysed analyse(const std::string& payload, int mode = -1, void* arg = n
     analysed.record.reset(record);
     analysed.payload.assign(bytes.get(), payload.size());
     return analysed;
+}
+
+// A text in short: with ' for a double quote and | for a line feed.
+inline std::string wire(std::string text)
+{
+    std::replace(text.begin(), text.end(), '\'', '"');
+    std::replace(text.begin(), text.end(), '|', '\n');
+    return text;
+}
+
+inline std::vector<std::string> split(const std::string& words)
+{
+    std::istringstream in(words);
+    return {std::istream_iterator<std::string>(in), {}};
+}
+
+// An init sets every field, whatever was there.
+template <class Record>
+Record fresh(int (*init)(Record*))
+{
+    Record record;
+    memset(&record, 0x11, sizeof record);
+    EXPECT_EQ(init(&record), 0);
+    return record;
+}
+
+// What stands between the tags of the body that the entry point composes.
+inline std::string bodyOf(const std::string& type, const std::string& code, const void* record, int kind)
+{
+    const std::string open = "<MESSAGE_BODY>\n";
+    const std::string bytes = compose(headerOf(type, code), record, kind).bytes;
+    const size_t start = bytes.find(open) + open.size();
+    const size_t end = bytes.find("</MESSAGE_BODY>", start);
+    return end == std::string::npos ? "(none)" : bytes.substr(start, end - start - (end > start ? 1 : 0));
+}
+
+// Composes each kind; both texts in short.
+inline void expectBodies(const std::string& type, const std::string& code, const void* record,
+                         const std::string& request, const std::string& response)
+{
+    for (const int kind : {0, 1, 2, 3})
+        EXPECT_EQ(bodyOf(type, code, record, kind), wire(kind % 2 == 0 ? request : response)) << code << kind;
+}
+
+// Analyses a body, given in short.
+inline Analysed analyseBody(const std::string& type, const std::string& code, const std::string& body)
+{
+    return analyse(envelope(type, code, wire(body)));
+}
+
+template <class Record>
+void expectRead(const std::string& type, const std::string& code, const std::string& body,
+                const Record& expected)
+{
+    const Analysed analysed = analyseBody(type, code, body);
+    ASSERT_EQ(analysed.result, 0) << code << body;
+    EXPECT_EQ(memcmp(analysed.record.get(), &expected, sizeof expected), 0) << code << body;
 }
 
 // Sets a text field; the field may be filled to its last byte.
