@@ -96,7 +96,8 @@ ZEL_API int AUXPTZ_HEARTBEAT_CMD_HEARTBEAT_PARAM_init(AUXPTZ_HEARTBEAT_CMD_HEART
  * or enciphered. A message that announces raw data counts that data and its end code of four zero bytes in
  * the head, but they are the caller's to send behind the frame. "SYSTEM_SEARCHIPC_MESSAGE" and
  * "IPC_REPAIR_MESSAGE" go out as bare text without a frame, never enciphered: at most `outLen` bytes of it
- * are written, the rest of the buffer is cleared, and the result is the text's whole length.
+ * are written, the rest of the buffer is cleared, and the result is the text's whole length, which must be
+ * below outLen or 8192, whichever is more.
  *
  * @param header      type, code, flag and the optional texts of the message.
  * @param record      the record of that type and code; NULL gives a message without parameters, for any type.

@@ -54,22 +54,22 @@ int analyseFamily(Message& message, std::string_view type, std::string_view code
     return ZEL_ERR_UNKNOWN_MSG;
 }
 
-// The wrapped message is what was received from its header on, whatever lies behind it included.
-int giveTransparent(const Inbound& inbound, const ElementReader& element)
+// The wrapped message goes from its header on to the last byte, whatever lies behind its closing tag
+// included.
+int giveTransparent(const Message& message, const Inbound& inbound, const ElementReader& element)
 {
     TRANSPARENT_HEADER* record = nullptr;
-    const std::string_view received(inbound.bytes, inbound.size);
     memset(inbound.header.Msg_type, 0, sizeof inbound.header.Msg_type);
     readText(element, "Trans_Type", inbound.header.Msg_type, sizeof inbound.header.Msg_type);
-    const size_t start = find(received.substr(0, strnlen(inbound.bytes, inbound.size)), kMessageHeaderTag);
+    const size_t start = find(message.text, kMessageHeaderTag);
     if (start == std::string_view::npos)
         return ZEL_ERR_NO_ENVELOPE;
-    const size_t length = inbound.size - start;
+    const size_t length = message.received - start;
     if (length > sizeof record->acTransData)
         return ZEL_ERR_BUFFER_SMALL;
     const int status = giveRecord(inbound.result, TRANSPARENT_HEADER_init, [&](TRANSPARENT_HEADER& header) {
         readTransparentHeader(element, header);
-        memcpy(header.acTransData, inbound.bytes + start, length);
+        memcpy(header.acTransData, message.text.data() + start, length);
         header.iTransDataLen = static_cast<int32_t>(length);
     });
     return status != 0 ? status : static_cast<int>(length);
@@ -79,7 +79,7 @@ int analyseMessage(Message& message, const Inbound& inbound)
 {
     ElementReader transparent;
     if (findTransparentHeader(message, transparent) == 0)
-        return giveTransparent(inbound, transparent);
+        return giveTransparent(message, inbound, transparent);
     const int status = GetMessageHeader(message, inbound.header);
     if (status < 0) {
         ZelProtocolLogError("GetMessageHeader failed! nRet:%d \n", status);
@@ -119,10 +119,11 @@ Unquoted findUnquotedChannel(std::string_view text)
     return {};
 }
 
-int analyseRepaired(std::string_view text, const Unquoted& channel, const Inbound& inbound)
+// All received bytes are copied, so that what lies behind the text stays behind it.
+int analyseRepaired(size_t textSize, const Unquoted& channel, const Inbound& inbound)
 {
     char onStack[kScratchOnStack];
-    const size_t size = text.size() + 2;
+    const size_t size = inbound.size + 2;
     const bool small = size <= sizeof onStack;
     char* repaired = small ? onStack : static_cast<char*>(ZelProtocolMalloc(size));
     if (!repaired) {
@@ -130,14 +131,14 @@ int analyseRepaired(std::string_view text, const Unquoted& channel, const Inboun
         return ZEL_ERR_NO_MEMORY;
     }
     TextWriter out(repaired, size);
-    out.append(text.data(), channel.begin);
+    out.append(inbound.bytes, channel.begin);
     out.append("\"");
-    out.append(text.data() + channel.begin, channel.end - channel.begin);
+    out.append(inbound.bytes + channel.begin, channel.end - channel.begin);
     out.append("\"");
-    out.append(text.data() + channel.end, text.size() - channel.end);
+    out.append(inbound.bytes + channel.end, inbound.size - channel.end);
     int status;
     {
-        Message message({repaired, size}, size, inbound.sourceLength);
+        Message message({repaired, textSize + 2}, size, inbound.sourceLength);
         logText(message.text);
         status = analyseMessage(message, inbound);
     }
@@ -158,7 +159,7 @@ int analyseBytes(const Inbound& inbound)
     logText(text);
     const Unquoted channel = findUnquotedChannel(text);
     if (channel.end != 0)
-        return analyseRepaired(text, channel, inbound);
+        return analyseRepaired(text.size(), channel, inbound);
     Message message(text, inbound.size, inbound.sourceLength);
     return analyseMessage(message, inbound);
 }

@@ -256,11 +256,11 @@ int composeFramed(Outbound& message, const Frame& frame, size_t bodyBuffer)
     const int payload = ZelProtocolMessageEncryption(frame, out);
     if (payload < 0)
         return failedEncryption(payload);
-    putLength(frame.buffer, static_cast<uint32_t>(message.extraLength) + static_cast<uint32_t>(payload));
+    const uint32_t announced = static_cast<uint32_t>(message.extraLength) + static_cast<uint32_t>(payload);
+    putLength(frame.buffer, announced);
     const int result = payload + static_cast<int>(kHeadSize);
     ZelProtocolLogInfo("put buf len : %d\n", result);
-    ZelProtocolLogInfo("Msg HeadInfo len : %u\n",
-                       static_cast<uint32_t>(message.extraLength) + static_cast<uint32_t>(payload));
+    ZelProtocolLogInfo("Msg HeadInfo len : %d\n", static_cast<int>(announced));
     return result;
 }
 

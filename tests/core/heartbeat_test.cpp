@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "support/wire.h"
 
 using namespace test;
@@ -8,8 +6,7 @@ namespace {
 
 TEST(Heartbeat, RidesInTheHeader)
 {
-    ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM beat;
-    ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM_init(&beat);
+    auto beat = fresh(ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM_init);
     set(beat.Ipcs_stat, "1,1");
     set(beat.IpcAbility1, std::string(64, 'a'));
     set(beat.IpcProtoCol, "p");
@@ -44,8 +41,7 @@ TEST(Heartbeat, WithoutAttributes)
 TEST(Heartbeat, ExportedPair)
 {
     const auto header = headerOf("", "");
-    ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM beat;
-    ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM_init(&beat);
+    auto beat = fresh(ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM_init);
     set(beat.streamstat, "s");
     char out[24] = "Msg_chn";
     EXPECT_EQ(HeartbeatMessageCompose(&header, &beat, out, sizeof out, 7), 0);
@@ -56,14 +52,10 @@ TEST(Heartbeat, ExportedPair)
     resetServices();
     EXPECT_EQ(HeartbeatMessageCompose(nullptr, &beat, out, 22, 7), ZEL_ERR_NO_HEADER);
     EXPECT_TRUE(loggedOnly("HeartbeatMessageCompose put a empty msghead\n"));
-    EXPECT_EQ(HeartbeatMessageCompose(&header, &beat, nullptr, 22, 7), ZEL_ERR_NO_HEADER);
-    EXPECT_EQ(HeartbeatMessageCompose(&header, &beat, out, 0, 0), ZEL_ERR_NO_HEADER);
 
     void* record = nullptr;
-    resetServices();
     EXPECT_EQ(GetMessageHeaderEx(nullptr, &record), ZEL_ERR_BAD_PARAM);
     EXPECT_TRUE(loggedOnly("GetMessageHeaderEx put a empty Param\n"));
-    resetServices();
     EXPECT_EQ(GetMessageHeaderEx("<", &record), ZEL_ERR_BAD_DOCUMENT);
     EXPECT_TRUE(services().errors.empty());
     EXPECT_EQ(GetMessageHeaderEx("<a/>", &record), ZEL_ERR_NO_ELEMENT);
