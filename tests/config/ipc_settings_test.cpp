@@ -19,9 +19,10 @@ TEST(IpcSettings, Time)
 {
     auto time = fresh(SYSTEM_CONFIG_GET_202_PARAM_init);
     expectRead(kType, "222", "<TimeConfig/>", time);
-    expectBoth("202", time,
-               "<TimeConfig|TimeMode=''|TimeZone=''|>|<NTPConfig|ServerIP=''|ServerPort='-1'|"
-               "RefreshInterval='-1'|/>|<DST|Enable='-1'|StartTime=''|EndTime=''|Delta='-1'|/>|</TimeConfig>|");
+    expectBoth(
+        "202", time,
+        "<TimeConfig|TimeMode=''|TimeZone=''|>|<NTPConfig|ServerIP=''|ServerPort='-1'|"
+        "RefreshInterval='-1'|/>|<DST|Enable='-1'|StartTime=''|EndTime=''|Delta='-1'|/>|</TimeConfig>|");
     time.ServerPort = 1;
     time.RefreshInterval = 2;
     time.Enable = 3;

@@ -1,7 +1,3 @@
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <sstream>
-
 #include "support/wire.h"
 
 using namespace test;
@@ -68,38 +64,12 @@ const char kDocument[] = R"(<MediaConfig>
   </Audio>
 </MediaConfig>)";
 
-std::vector<std::string> linesOf(const std::string& document)
-{
-    std::istringstream stream(document);
-    std::vector<std::string> lines;
-    for (std::string line; stream >> line;)
-        lines.push_back(line);
-    return lines;
-}
-
-std::string textOf(const std::vector<std::string>& lines)
+std::string textOf(const std::string& document)
 {
     std::string text;
-    for (const std::string& line : lines)
+    for (const std::string& line : split(document))
         text += line + "\n";
     return text;
-}
-
-// The attributes of each element the other way round.
-std::string reversed(const std::string& document)
-{
-    std::string apart = document;
-    for (size_t at = 0; (at = apart.find("\">", at)) != std::string::npos; at += 3)
-        apart.insert(at + 1, " ");
-    std::vector<std::string> lines = linesOf(apart);
-    const auto isAttribute = [](const std::string& line) { return line.find('=') != std::string::npos; };
-    for (auto first = lines.begin(); first != lines.end();) {
-        first = std::find_if(first, lines.end(), isAttribute);
-        const auto last = std::find_if_not(first, lines.end(), isAttribute);
-        std::reverse(first, last);
-        first = last;
-    }
-    return textOf(lines);
 }
 
 std::string without(std::string text, const std::string& part, const std::string& instead = "")
@@ -109,17 +79,15 @@ std::string without(std::string text, const std::string& part, const std::string
     return at == std::string::npos ? text : text.replace(at, part.size(), instead);
 }
 
-Media fresh()
+Media freshMedia()
 {
-    Media media;
-    SYSTEM_CONFIG_GET_500_PARAM_init(&media);
-    return media;
+    return fresh(SYSTEM_CONFIG_GET_500_PARAM_init);
 }
 
 // Fields count up in record order, so that a text tells which field each of its values came from.
 Media counted()
 {
-    Media media = fresh();
+    Media media = freshMedia();
     auto* const bytes = reinterpret_cast<uint8_t*>(&media);
     for (uint8_t i = 0; &bytes[i] <= &media.WeekDisplayEn; ++i)
         bytes[i] = static_cast<uint8_t>(i + 1);
@@ -154,98 +122,73 @@ Media counted()
     return media;
 }
 
-std::string body(const std::string& code, const Media& media, int kind)
+// The messages differ in the light's range, and in the names that they read of the night times.
+TEST(MediaConfig, BothWays)
 {
-    const std::string text = compose(headerOf(kType, code), &media, kind).text;
-    const size_t start = text.find("<MESSAGE_BODY>\n") + sizeof("<MESSAGE_BODY>\n") - 1;
-    return text.substr(start, text.find("</MESSAGE_BODY>") - start);
-}
+    const Media media = counted();
+    const std::string whole = textOf(kDocument);
+    expectBodies(kType, "500", &media, "", whole);
+    expectBodies(kType, "520", &media,
+                 without(whole, "LightVal=\"13\"\nLightModeRange=\"209,210,211\">", "LightVal=\"13\">"), "");
 
-Media read(const std::string& code, const std::string& document)
-{
-    const Analysed analysed = analyse(envelope(kType, code, document));
-    EXPECT_EQ(analysed.result, 0);
-    return analysed.record ? analysed.as<Media>() : Media{};
-}
-
-bool same(const Media& one, const Media& other)
-{
-    return memcmp(&one, &other, sizeof one) == 0;
-}
-
-TEST(MediaConfig, Written)
-{
-    const std::string whole = textOf(linesOf(kDocument)) + "\n";
-    for (const int kind : {1, 3})
-        EXPECT_EQ(body("500", counted(), kind), whole);
-    for (const int kind : {0, 2}) {
-        EXPECT_EQ(body("500", counted(), kind), "");
-        EXPECT_EQ(body("520", counted(), kind),
-                  without(whole, "LightVal=\"13\"\nLightModeRange=\"209,210,211\">", "LightVal=\"13\">"));
-    }
+    Media noNight = media;
+    memset(noNight.IrcutNightStartTime, 0xFF, sizeof noNight.IrcutNightStartTime);
+    memset(noNight.IrcutNightEndTime, 0xFF, sizeof noNight.IrcutNightEndTime);
+    const std::string other = without(without(whole, "IrcutNightStartTime", "auiIRcutNightStartTime"),
+                                      "IrcutNightEndTime", "auiIRcutNightEndTime");
+    expectRead(kType, "500", whole, media);
+    expectRead(kType, "500", other, noNight);
+    expectRead(kType, "520", other, media);
+    expectRead(kType, "520", whole, noNight);
 }
 
 TEST(MediaConfig, WrittenWholeWhenFresh)
 {
-    const std::string text = body("500", fresh(), 1);
-    for (const char* part : {"LightModeRange=\"-1,-1,-1\">\n</LightConfig>", "HFlip=\"255\"", "AEStep=\"-1\"",
-                             "Area4Width=\"-1\"", "SampleRate=\"-1\"", "WDRStartTime=\"-1:-1:-1\"",
-                             "Resolution=\"\"", "IrcutLumaList=\"\"", "Title=\"\""})
-        EXPECT_NE(text.find(part), std::string::npos) << part;
-    EXPECT_TRUE(same(read("500", text), fresh()));
-    EXPECT_TRUE(same(read("500", "<MediaConfig/>"), fresh()));
-    EXPECT_TRUE(same(read("520", "<MediaConfig/>"), fresh()));
-}
-
-// The two analyses differ in the names of the night times alone.
-TEST(MediaConfig, Read)
-{
-    Media noNight = counted();
-    memset(noNight.IrcutNightStartTime, 0xFF, sizeof noNight.IrcutNightStartTime);
-    memset(noNight.IrcutNightEndTime, 0xFF, sizeof noNight.IrcutNightEndTime);
-    const std::string document = reversed(kDocument);
-    const std::string other = without(without(document, "IrcutNightStartTime", "auiIRcutNightStartTime"),
-                                      "IrcutNightEndTime", "auiIRcutNightEndTime");
-    EXPECT_TRUE(same(read("500", document), counted()));
-    EXPECT_TRUE(same(read("500", other), noNight));
-    EXPECT_TRUE(same(read("520", other), counted()));
-    EXPECT_TRUE(same(read("520", document), noNight));
+    const Media media = freshMedia();
+    const std::string text = bodyOf(kType, "500", &media, 1);
+    for (const char* part :
+         {"LightModeRange='-1,-1,-1'>|</LightConfig>", "HFlip='255'", "AEStep='-1'", "Area4Width='-1'",
+          "SampleRate='-1'", "WDRStartTime='-1:-1:-1'", "Resolution=''", "IrcutLumaList=''", "Title=''"})
+        EXPECT_NE(text.find(wire(part)), std::string::npos) << part;
+    expectRead(kType, "500", text, media);
+    expectRead(kType, "520", "<MediaConfig/>", media);
 }
 
 TEST(MediaConfig, PartsOfValues)
 {
-    const Media media = read("500", "<MediaConfig><Video><LightConfig LightModeRange=\"7, 8;9\"/>"
-                                    "<Capture IrcutNightStartTime=\"21:30\" IrcutNightEndTime=\"x\"/>"
-                                    "</Video></MediaConfig>");
-    Media expected = fresh();
+    Media expected = freshMedia();
     expected.LightModeRange[0] = 7;
     expected.LightModeRange[1] = 8;
     expected.IrcutNightStartTime[0] = 21;
     expected.IrcutNightStartTime[1] = 30;
-    EXPECT_TRUE(same(media, expected));
+    expectRead(kType, "500",
+               "<MediaConfig><Video><LightConfig LightModeRange='7, 8;9'/><Capture "
+               "IrcutNightStartTime='21:30' IrcutNightEndTime='x'/></Video></MediaConfig>",
+               expected);
 }
 
 TEST(MediaConfig, Rows)
 {
-    Media media = read(
-        "500", "<MediaConfig><Video><Encode><EncodeConfig Stream=\"9\"/><Other/>"
-               "<EncodeConfig Stream=\"0\"/><EncodeConfig Stream=\"5\"/></Encode></Video></MediaConfig>");
-    Media expected = fresh();
+    Media expected = freshMedia();
     expected.stEncodeConfig[0].Stream = 9;
     expected.stEncodeConfig[1].Stream = 0;
-    EXPECT_TRUE(same(media, expected));
+    expectRead(kType, "500",
+               "<MediaConfig><Video><Encode><EncodeConfig Stream='9'/><Other/><EncodeConfig Stream='0'/>"
+               "<EncodeConfig Stream='5'/></Encode></Video></MediaConfig>",
+               expected);
 
-    const auto masks = [](const std::string& rows) {
-        return read("520", "<MediaConfig><Video><Mask>" + rows + "</Mask></Video></MediaConfig>");
+    const std::string mainRow = "<MainStream Area1PosX='1'/>";
+    const std::string subRow = "<SubStream Area1PosX='2'/>";
+    const auto expectMasks = [&](const std::string& rows) {
+        expectRead(kType, "520", "<MediaConfig><Video><Mask>" + rows + "</Mask></Video></MediaConfig>",
+                   expected);
     };
-    const std::string mainRow = "<MainStream Area1PosX=\"1\"/>";
-    const std::string subRow = "<SubStream Area1PosX=\"2\"/>";
-    EXPECT_TRUE(same(masks(subRow), fresh()));
-    expected = fresh();
+    expected = freshMedia();
+    expectMasks(subRow);
     expected.stMaskRows[0].Area1PosX = 1;
-    EXPECT_TRUE(same(masks(subRow + mainRow), expected));
+    expectMasks(subRow + mainRow);
     expected.stMaskRows[1].Area1PosX = 2;
-    EXPECT_TRUE(same(masks(mainRow + "<Other/>" + subRow + "<SubStream Area1PosX=\"3\"/>"), expected));
+    expectMasks(mainRow + "<Other/>" + subRow + "<SubStream Area1PosX='3'/>");
 }
 
 } // namespace

@@ -83,19 +83,6 @@ TEST(TextSides, EveryFormOutAndIn)
     EXPECT_EQ(written([&](TextWriter& out) { everything(out, read); }), kEverything);
 }
 
-// A missing attribute leaves its field alone, in every form.
-TEST(TextSides, MissingAttributes)
-{
-    ZelXMLParser parser;
-    ASSERT_EQ(parser.Parse("<e/>"), 0);
-    Everything record;
-    const Everything before = record;
-    for (const ElementReader in :
-         {ElementReader{&parser, parser.RootElement()}, ElementReader{&parser, nullptr}})
-        everything(in, record);
-    EXPECT_EQ(memcmp(&record, &before, sizeof record), 0);
-}
-
 // The bytes kept are always the first of the whole text, at every size, and the length is that of the whole.
 TEST(TextSides, WriterAtEverySize)
 {
@@ -134,22 +121,6 @@ TEST(TextSides, FloatsAsPrintfPrintsThem)
         if (std::isfinite(value))
             check(value);
     }
-}
-
-TEST(TextSides, AbsentValuesAreLeftOut)
-{
-    const int32_t number = -1;
-    const uint8_t byte = 255;
-    const uint64_t large = UINT64_MAX;
-    const char text[8] = "";
-    EXPECT_EQ(written([&](TextWriter& out) {
-                  attributeIfSet(out, "N", number);
-                  attributeIfSet(out, "B", byte);
-                  attributeIfSet(out, "L", large);
-                  attributeIfSet(out, "T", text);
-                  attributeRead(out, "R", number);
-              }),
-              "");
 }
 
 TEST(TextSides, NumbersAsTheStandardFunctionsReadThem)

@@ -1,10 +1,5 @@
-#include "zel_protocol/media_data.h"
-
-#include <algorithm>
 #include <array>
 #include <climits>
-
-#include <gtest/gtest.h>
 
 #include "support/wire.h"
 
@@ -15,62 +10,18 @@ namespace {
 const std::string kType = "MEDIA_DATA_MESSAGE";
 const std::string kEndCode(4, '\0');
 
-template <class Record>
-Record fresh(int (*init)(Record*))
-{
-    Record record;
-    init(&record);
-    return record;
-}
-
 // Composes and compares the text to the byte, and what is announced behind it.
 void expectBody(const char* code, const void* record, int kind, const std::string& body, int extra)
 {
     SCOPED_TRACE("code " + std::string(code) + " kind " + std::to_string(kind));
     const Composed composed = compose(headerOf(kType, code), record, kind);
-    EXPECT_EQ(composed.text, envelope(kType, code, body));
+    EXPECT_EQ(composed.text, envelope(kType, code, wire(body)));
     EXPECT_EQ(static_cast<int>(composed.announced - composed.text.size()), extra);
 }
 
 Analysed received(const char* code, const std::string& body, const std::string& behind = "")
 {
-    return analyse(envelope(kType, code, body) + behind);
-}
-
-MEDIA_DATA_2_PARAM downloadRecord()
-{
-    auto download = fresh(MEDIA_DATA_2_PARAM_init);
-    download.StartPos = 11;
-    download.ErrorCode = 12;
-    set(download.RemoteFileName, "remote");
-    set(download.LocalFileName, "local");
-    return download;
-}
-
-MEDIA_DATA_4_PARAM pictureRecord()
-{
-    auto picture = fresh(MEDIA_DATA_4_PARAM_init);
-    picture.DataType = 2;
-    picture.DataTotalLen = 3;
-    picture.StartPos = 4;
-    picture.DataLen = 5;
-    picture.XmlLen = 6;
-    picture.Timestamp = 4000000000U;
-    picture.SerialNum = 8;
-    set(picture.DataName, "name");
-    return picture;
-}
-
-MEDIA_DATA_5_PARAM exportRecord()
-{
-    auto faces = fresh(MEDIA_DATA_5_PARAM_init);
-    faces.StartPos = 4;
-    faces.DataLen = 5;
-    faces.SerialNum = 4000000000U;
-    set(faces.Alias, "alias");
-    faces.DataNum = 7;
-    faces.ListType = 8;
-    return faces;
+    return analyse(envelope(kType, code, wire(body)) + behind);
 }
 
 // An analysed record equals another but for its data.
@@ -89,60 +40,97 @@ void expectRecord(const Analysed& analysed, Record expected, const std::string& 
     EXPECT_EQ(memcmp(&record, &expected, sizeof expected), 0);
 }
 
+const std::string kBehind = kEndCode + "12345";
+
 TEST(MediaData, Chunks)
 {
     auto upload = fresh(MEDIA_DATA_1_PARAM_init);
     upload.StartPos = 10;
     upload.DataLen = 20;
-    const auto download = downloadRecord();
+    auto download = fresh(MEDIA_DATA_2_PARAM_init);
+    download.StartPos = 11;
+    download.ErrorCode = 12;
+    set(download.RemoteFileName, "remote");
+    set(download.LocalFileName, "local");
     auto intercom = fresh(MEDIA_DATA_3_PARAM_init);
     intercom.StartPos = 1;
     intercom.DataLen = 2;
+    const std::string downloaded = "<RESPONSE_PARAM|RemoteFileName='remote'|LocalFileName='local'|"
+                                   "StartPos='11'|ErrorCode='12'|/>|";
     for (const int kind : {0, 2}) {
-        expectBody("1", &upload, kind, "<POS\nStartPos=\"10\"\nDataLen=\"20\"\n/>\n", 24);
-        expectBody("2", &download, kind, "<POS\nStartPos=\"11\"\nDataLen=\"-1\"\n/>\n", 3);
-        expectBody("3", &intercom, kind, "<POS\nStartPos=\"1\"\nDataLen=\"2\"\n/>\n", 6);
+        expectBody("1", &upload, kind, "<POS|StartPos='10'|DataLen='20'|/>|", 24);
+        expectBody("1", &upload, kind + 1, "", 0);
+        expectBody("2", &download, kind, "<POS|StartPos='11'|DataLen='-1'|/>|", 3);
+        expectBody("2", &download, kind + 1, downloaded, 0);
+        expectBody("3", &intercom, kind, "<POS|StartPos='1'|DataLen='2'|/>|", 6);
+        expectBody("3", &intercom, kind + 1, "", 0);
     }
     intercom.XmlLen = 3;
-    expectBody("3", &intercom, 0, "<POS\nStartPos=\"1\"\nDataLen=\"2\"\nXmlLen=\"3\"\n/>\n", 6);
-    for (const int kind : {1, 3}) {
-        expectBody("1", &upload, kind, "", 0);
-        expectBody("2", &download, kind,
-                   "<RESPONSE_PARAM\nRemoteFileName=\"remote\"\nLocalFileName=\"local\"\nStartPos=\"11\"\n"
-                   "ErrorCode=\"12\"\n/>\n",
-                   0);
-        expectBody("3", &intercom, kind, "", 0);
-    }
+    expectBody("3", &intercom, 0, "<POS|StartPos='1'|DataLen='2'|XmlLen='3'|/>|", 6);
+    upload = fresh(MEDIA_DATA_1_PARAM_init);
     upload.Type = 7;
-    expectBody("1", &upload, 1, "<RESPONSE_PARAM\nType=\"7\"\n/>\n", 0);
+    expectBody("1", &upload, 1, "<RESPONSE_PARAM|Type='7'|/>|", 0);
+
+    // Elements of the other direction beside the one that counts.
+    const std::string chunk = "<POS StartPos='4' DataLen='5'/>";
+    expectRecord(received("1", chunk + "<RESPONSE_PARAM Type='7'/>", kBehind), upload, "");
+    expectRecord(received("2", chunk + downloaded, kBehind), download, "");
 }
 
 TEST(MediaData, PicturesAndExport)
 {
-    auto picture = pictureRecord();
-    const std::string info = "<DataInfo\nDataType=\"2\"\nDataTotalLen=\"3\"\nDataName=\"name\"\n"
-                             "Timestamp=\"4000000000\"\nSerialNum=\"8\"\n/>\n";
-    const std::string request = "<POS\nStartPos=\"4\"\nDataLen=\"5\"\n/>\n";
-    const std::string chunk = "<POS\nXmlLen=\"6\"\nStartPos=\"4\"\nDataLen=\"5\"\n/>\n";
+    auto picture = fresh(MEDIA_DATA_4_PARAM_init);
+    picture.DataType = 2;
+    picture.DataTotalLen = 3;
+    picture.StartPos = 4;
+    picture.DataLen = 5;
+    picture.XmlLen = 6;
+    picture.Timestamp = 4000000000U;
+    picture.SerialNum = 8;
+    set(picture.DataName, "name");
+    const std::string info = "<DataInfo|DataType='2'|DataTotalLen='3'|DataName='name'|Timestamp='4000000000'|"
+                             "SerialNum='8'|/>|";
+    const std::string request = "<POS|StartPos='4'|DataLen='5'|/>|";
+    const std::string chunk = "<POS|XmlLen='6'|StartPos='4'|DataLen='5'|/>|";
+    const std::string channel = "<RESPONSE_PARAM|ChannelId='1'|/>|";
     expectBody("4", &picture, 2, request + info, 9);
     expectBody("4", &picture, 1, info, 0);
+    expectRecord(received("4", info + chunk, kBehind), picture, "12345");
     picture.ChannelId = 1;
-    expectBody("4", &picture, 3, "<RESPONSE_PARAM\nChannelId=\"1\"\n/>\n" + chunk, 9);
+    expectBody("4", &picture, 3, channel + chunk, 9);
     picture.ChannelId = 255;
     expectBody("4", &picture, 1, chunk, 9);
 
-    auto faces = exportRecord();
+    auto faces = fresh(MEDIA_DATA_5_PARAM_init);
+    faces.StartPos = 4;
+    faces.DataLen = 5;
+    faces.SerialNum = 4000000000U;
+    set(faces.Alias, "alias");
+    faces.DataNum = 7;
+    faces.ListType = 8;
+    expectRecord(received("5",
+                          chunk + "<DataInfo SerialNum='-294967296' Alias='alias' ListType='8' DataNum='7'/>",
+                          kBehind),
+                 faces, "12345");
     faces.ChannelId = 1;
     faces.XmlLen = 6;
     expectBody("5", &faces, 0,
-               "<DataInfo\nSerialNum=\"4000000000\"\nAlias=\"alias\"\nListType=\"8\"\nDataNum=\"7\"\n/>\n" +
-                   request,
-               9);
-    expectBody("5", &faces, 1, "<RESPONSE_PARAM\nChannelId=\"1\"\n/>\n" + chunk, 9);
+               "<DataInfo|SerialNum='4000000000'|Alias='alias'|ListType='8'|DataNum='7'|/>|" + request, 9);
+    expectBody("5", &faces, 1, channel + chunk, 9);
     faces.ChannelId = -1;
     expectBody("5", &faces, 1, chunk, 9);
     faces.DataLen = -1;
     expectBody("5", &faces, 1, "", 0);
+
+    // An answer's channel, and nothing of what asks.
+    picture = fresh(MEDIA_DATA_4_PARAM_init);
+    faces = fresh(MEDIA_DATA_5_PARAM_init);
+    picture.ChannelId = faces.ChannelId = 1;
+    picture.StartPos = faces.StartPos = 4;
+    picture.DataLen = faces.DataLen = 5;
+    picture.XmlLen = faces.XmlLen = 6;
+    expectRecord(received("4", info + chunk + channel, kBehind), picture, "12345");
+    expectRecord(received("5", info + chunk + channel, kBehind), faces, "12345");
 }
 
 TEST(MediaData, FaceLists)
@@ -155,29 +143,26 @@ TEST(MediaData, FaceLists)
         list.stFaces[i].SerialNum = 10 + i;
         set(list.stFaces[i].Alias, std::string(1, static_cast<char>('a' + i)));
     }
-    const std::string one = "<HumanFaceInfo\nSerialNum=\"10\"\nAlias=\"a\"\n/>\n";
-    const std::string two = one + "<HumanFaceInfo\nSerialNum=\"11\"\nAlias=\"b\"\n/>\n";
-    expectBody("6", &list, 0, "<DataInfo\nDataNum=\"2\"\nListType=\"1\"\n/>\n" + two, 0);
+    const std::string one = "<HumanFaceInfo|SerialNum='10'|Alias='a'|/>|";
+    const std::string two = one + "<HumanFaceInfo|SerialNum='11'|Alias='b'|/>|";
+    const std::string total = "<DataInfo|TotalData='9'|DataNum='2'|ListType='1'|/>|";
+    expectBody("6", &list, 0, "<DataInfo|DataNum='2'|ListType='1'|/>|" + two, 0);
     expectBody("6", &list, 1, "", 0);
-    expectBody("7", &list, 0, "<DataInfo\nTotalData=\"9\"\nDataNum=\"2\"\nListType=\"1\"\n/>\n", 0);
-    expectBody("7", &list, 3, "<DataInfo\nTotalData=\"9\"\nDataNum=\"2\"\nListType=\"1\"\n/>\n" + two, 0);
+    expectBody("7", &list, 0, total, 0);
+    expectBody("7", &list, 3, total + two, 0);
     list.DataNum = 1000;
     list.stFaces[1].SerialNum = UINT32_MAX;
-    expectBody("6", &list, 2, "<DataInfo\nDataNum=\"1000\"\nListType=\"1\"\n/>\n" + one, 0);
+    expectBody("6", &list, 2, "<DataInfo|DataNum='1000'|ListType='1'|/>|" + one, 0);
     for (auto& entry : list.stFaces)
         entry.SerialNum = 1;
-    const std::string all = compose(headerOf(kType, "6"), &list, 0).text;
-    EXPECT_EQ(all.find("</MESSAGE_BODY>"), all.find("</XML_ZELMAR>") - 16);
-    EXPECT_EQ(std::count(all.begin(), all.end(), '/') - 4, 100);
+    const std::string all = bodyOf(kType, "6", &list, 0);
+    EXPECT_EQ(std::count(all.begin(), all.end(), '<'), 101);
 
-    std::string body = "<DataInfo ListType=\"1\" TotalData=\"9\" DataNum=\"3\"/>";
+    std::string body = "<DataInfo ListType='1' TotalData='9' DataNum='3'/>";
     for (int i = 0; i < 101; ++i)
-        body += "<HumanFaceInfo Alias=\"x\" SerialNum=\"" + std::to_string(i) + "\"/><Other/>";
-    const Analysed deleted = received("6", body);
+        body += "<HumanFaceInfo Alias='x' SerialNum='" + std::to_string(i) + "'/><Other/>";
+    EXPECT_EQ(received("6", body).as<MEDIA_DATA_6_PARAM>().TotalData, -1);
     const Analysed queried = received("7", body);
-    ASSERT_EQ(deleted.result, 0);
-    ASSERT_EQ(queried.result, 0);
-    EXPECT_EQ(deleted.as<MEDIA_DATA_6_PARAM>().TotalData, -1);
     const auto& faces = queried.as<MEDIA_DATA_7_PARAM>();
     EXPECT_EQ(faces.TotalData, 9);
     EXPECT_EQ(faces.DataNum, 3);
@@ -190,24 +175,25 @@ TEST(MediaData, ThumbnailTimes)
 {
     const std::string whole = "2024010112000000";
     auto thumbnail = fresh(MEDIA_DATA_8_PARAM_init);
-    expectBody("8", &thumbnail, 0, "<REQUEST_PARAM\nTimeList=\"\"\n/>\n", 0);
+    expectBody("8", &thumbnail, 0, "<REQUEST_PARAM|TimeList=''|/>|", 0);
+    set(thumbnail.Time[0], "202401011200000"); // read with room for the terminator
+    thumbnail.TotalLen = 5;
+    thumbnail.StartPos = 4;
+    thumbnail.DataLen = 5;
+    const std::string image = "<ImageInfo|TotalLen='5'|StartPos='4'|DataLen='5'|/>|";
+    expectRecord(received("8", "<RESPONSE_PARAM Time='" + whole + "'/>" + image, kBehind), thumbnail,
+                 "12345");
     set(thumbnail.Time[0], whole);
     set(thumbnail.Time[1], "b");
     set(thumbnail.Time[3], "d");
-    thumbnail.TotalLen = 1;
-    thumbnail.StartPos = 2;
-    thumbnail.DataLen = 3;
-    expectBody("8", &thumbnail, 2, "<REQUEST_PARAM\nTimeList=\"" + whole + ",b,\"\n/>\n", 0);
-    expectBody("8", &thumbnail, 1,
-               "<RESPONSE_PARAM\nTime=\"" + whole +
-                   "\"\n/>\n<ImageInfo\nTotalLen=\"1\"\nStartPos=\"2\"\nDataLen=\"3\"\n/>\n",
-               7);
+    expectBody("8", &thumbnail, 2, "<REQUEST_PARAM|TimeList='" + whole + ",b,'|/>|", 0);
+    expectBody("8", &thumbnail, 1, "<RESPONSE_PARAM|Time='" + whole + "'|/>|" + image, 9);
 
     std::string times;
     for (int i = 0; i < 21; ++i)
         times += ",," + whole + static_cast<char>('a' + i);
-    const Analysed analysed = received(
-        "8", "<REQUEST_PARAM EventTypeList=\",x,\" DurationList=\"1,2\" TimeList=\"" + times + "\"/>");
+    const Analysed analysed =
+        received("8", "<REQUEST_PARAM EventTypeList=',x,' DurationList='1,2' TimeList='" + times + "'/>");
     ASSERT_EQ(analysed.result, 0);
     const auto& read = analysed.as<MEDIA_DATA_8_PARAM>();
     for (const auto& time : read.Time)
@@ -218,62 +204,18 @@ TEST(MediaData, ThumbnailTimes)
     EXPECT_EQ(read.DataLen, -1);
 }
 
-// Attributes in other orders than they are written in; elements of the other direction beside the one that
-// counts.
-TEST(MediaData, ReadsEitherDirection)
-{
-    const std::string chunk = "<POS DataLen=\"5\" XmlLen=\"6\" StartPos=\"4\"/>";
-    const std::string info =
-        "<DataInfo SerialNum=\"SERIAL\" Timestamp=\"4000000000\" DataName=\"name\" "
-        "DataTotalLen=\"3\" DataType=\"2\" Alias=\"alias\" ListType=\"8\" DataNum=\"7\"/>";
-    const std::string response = "<RESPONSE_PARAM Time=\"20240101120000001\" ChannelId=\"1\" Type=\"7\" "
-                                 "ErrorCode=\"12\" LocalFileName=\"local\" StartPos=\"11\" "
-                                 "RemoteFileName=\"remote\"/>";
-    const std::string data = "12345";
-    const std::string behind = kEndCode + data;
-
-    auto upload = fresh(MEDIA_DATA_1_PARAM_init);
-    upload.Type = 7;
-    expectRecord(received("1", chunk + response, behind), upload, "");
-    expectRecord(received("2", chunk + response, behind), downloadRecord(), "");
-
-    const auto numbered = [&](const char* serial) {
-        std::string text = info;
-        return text.replace(text.find("SERIAL"), 6, serial);
-    };
-    expectRecord(received("4", numbered("8") + chunk, behind), pictureRecord(), data);
-    expectRecord(received("5", chunk + numbered("-294967296"), behind), exportRecord(), data);
-    auto picture = fresh(MEDIA_DATA_4_PARAM_init);
-    auto faces = fresh(MEDIA_DATA_5_PARAM_init);
-    picture.ChannelId = faces.ChannelId = 1;
-    picture.StartPos = faces.StartPos = 4;
-    picture.DataLen = faces.DataLen = 5;
-    picture.XmlLen = faces.XmlLen = 6;
-    expectRecord(received("4", info + chunk + response, behind), picture, data);
-    expectRecord(received("5", info + chunk + response, behind), faces, data);
-
-    auto thumbnail = fresh(MEDIA_DATA_8_PARAM_init);
-    set(thumbnail.Time[0], "202401011200000");
-    thumbnail.TotalLen = 5;
-    thumbnail.StartPos = 4;
-    thumbnail.DataLen = 5;
-    expectRecord(received("8", response + "<ImageInfo DataLen=\"5\" StartPos=\"4\" TotalLen=\"5\"/>", behind),
-                 thumbnail, data);
-}
-
 // Every number of received bytes around the announced ones.
 TEST(MediaData, DataStaysWithinWhatWasReceived)
 {
     const std::string body = "<POS StartPos=\"0\" DataLen=\"5\"/>";
     const std::string text = envelope(kType, "1", body);
-    const std::string behind = kEndCode + "12345";
-    for (size_t size = 0; size <= behind.size() + 2; ++size) {
+    for (size_t size = 0; size <= kBehind.size() + 2; ++size) {
         resetServices();
-        const Analysed analysed = received("1", body, (behind + "xx").substr(0, size));
+        const Analysed analysed = received("1", body, (kBehind + "xx").substr(0, size));
         if (size < 4) {
             ASSERT_EQ(analysed.result, 0);
             EXPECT_EQ(std::string(analysed.as<MEDIA_DATA_1_PARAM>().pData, 5), text.substr(0, 5));
-        } else if (size < behind.size()) {
+        } else if (size < kBehind.size()) {
             EXPECT_EQ(analysed.result, ZEL_ERR_BAD_CONTENT);
             EXPECT_EQ(services().blocks, 0);
             EXPECT_EQ(services().errors.size(), 1U);
@@ -292,9 +234,12 @@ TEST(MediaData, DataStaysWithinWhatWasReceived)
     ASSERT_EQ(all.result, 0);
     EXPECT_EQ(std::string(all.as<MEDIA_DATA_1_PARAM>().pData, whole), all.payload);
     EXPECT_EQ(announced(whole + 1, noEndCode).result, ZEL_ERR_BAD_CONTENT);
-    EXPECT_EQ(announced(INT_MAX, behind).result, ZEL_ERR_BAD_CONTENT);
+    EXPECT_EQ(announced(INT_MAX, kBehind).result, ZEL_ERR_BAD_CONTENT);
+    for (const char* code : {"2", "4", "5"})
+        EXPECT_EQ(received(code, "<DataInfo/><POS DataLen='2147483643'/>", kBehind).result,
+                  ZEL_ERR_BAD_CONTENT);
     for (const char* length : {"0", "-1", "-2147483648"}) {
-        const Analysed none = received("1", "<POS DataLen=\"" + std::string(length) + "\"/>", behind);
+        const Analysed none = received("1", "<POS DataLen=\"" + std::string(length) + "\"/>", kBehind);
         ASSERT_EQ(none.result, 0);
         EXPECT_EQ(none.as<MEDIA_DATA_1_PARAM>().pData, nullptr);
     }
@@ -333,12 +278,11 @@ TEST(MediaData, MissingElements)
         {"7", "<HumanFaceInfo/>", "GetFaceListData_MessageAnalysis get POS"},
         {"8", "<ImageInfo/>", "GetAlarmThumbail_MessageAnalysis get POS"},
     };
+    resetServices();
     for (const auto& each : cases) {
-        resetServices();
         EXPECT_EQ(received(each[0], each[1]).result, ZEL_ERR_NO_ELEMENT);
         EXPECT_TRUE(loggedOnly(std::string("MediaData_") + each[2] + " error\n")) << each[2];
     }
-    resetServices();
     EXPECT_EQ(received("9", "").result, ZEL_ERR_UNKNOWN_MSG);
     EXPECT_TRUE(loggedOnly("MEDIA_DATA_MESSAGE deal a unknow msg_cdoe : 9\n"));
 }
@@ -354,37 +298,25 @@ TEST(MediaData, ExportedPair)
     EXPECT_EQ(extra, 2);
     EXPECT_EQ(MediaDataMessageCompose(&record, 0, "1", out, static_cast<int>(strlen(out)), &extra),
               ZEL_ERR_BUFFER_SMALL);
-    EXPECT_EQ(MediaDataMessageCompose(nullptr, 0, "1", out, 1, &extra), 0);
     EXPECT_EQ(MediaDataMessageCompose(&record, 0, "9", out, sizeof out, &extra), ZEL_ERR_UNKNOWN_MSG);
-    resetServices();
     EXPECT_EQ(MediaDataMessageCompose(nullptr, 0, "1", out, sizeof out, nullptr), ZEL_ERR_BAD_PARAM);
-    EXPECT_TRUE(loggedOnly("MEDIA_DATA_MESSAGE put a empty Param\n"));
-    EXPECT_EQ(MediaDataMessageCompose(&record, 0, nullptr, out, sizeof out, &extra), ZEL_ERR_BAD_PARAM);
 
-    const std::string text = envelope(kType, "1", "<POS DataLen=\"3\"/>");
-    const std::string payload = text + kEndCode + "abc";
-    const auto analysed = [&](const char* code, size_t received, int srcLen) {
-        const auto bytes = std::make_unique<char[]>(received);
-        memcpy(bytes.get(), payload.data(), received);
+    const std::string text = envelope(kType, "1", wire("<POS DataLen='3'/>"));
+    const auto expectAnalysed = [&](const char* code, size_t size, int srcLen, int status, const char* data) {
+        const auto bytes = std::make_unique<char[]>(size);
+        memcpy(bytes.get(), (text + kEndCode + "abc").data(), size);
         void* result = nullptr;
-        const int status = MediaDataMessageAnalysis(bytes.get(), code, srcLen, &result);
-        std::string data = status != 0 ? "" : std::string(static_cast<MEDIA_DATA_1_PARAM*>(result)->pData, 3);
+        ASSERT_EQ(MediaDataMessageAnalysis(bytes.get(), code, srcLen, &result), status) << size;
+        EXPECT_TRUE(!result || std::string(static_cast<MEDIA_DATA_1_PARAM*>(result)->pData, 3) == data)
+            << size;
         ZelProtocolMSGAnalysisStop(&result);
-        return std::make_pair(status, data);
     };
-    const int size = static_cast<int>(payload.size());
-    EXPECT_EQ(analysed("1", payload.size(), size), std::make_pair(0, std::string("abc")));
-    EXPECT_EQ(analysed("1", payload.size() - 1, size - 1).first, ZEL_ERR_BAD_CONTENT);
-    EXPECT_EQ(analysed("1", text.size() + 1, 0), std::make_pair(0, std::string("<?x")));
-    EXPECT_EQ(analysed("3", text.size() + 1, -1).first, ZEL_ERR_BAD_CONTENT);
-    EXPECT_EQ(analysed("1", text.size() - 1, static_cast<int>(text.size()) - 1).first, ZEL_ERR_BAD_DOCUMENT);
-
-    void* result = nullptr;
-    resetServices();
-    EXPECT_EQ(MediaDataMessageAnalysis(nullptr, "1", 1, &result), ZEL_ERR_BAD_PARAM);
-    EXPECT_TRUE(loggedOnly("MEDIA_DATA_MESSAGE put a empty Param\n"));
-    EXPECT_EQ(MediaDataMessageAnalysis("<a/>", nullptr, 4, &result), ZEL_ERR_BAD_PARAM);
-    EXPECT_EQ(MediaDataMessageAnalysis("<a/>", "1", 4, nullptr), ZEL_ERR_BAD_PARAM);
+    const int size = static_cast<int>(text.size());
+    expectAnalysed("1", text.size() + 7, size + 7, 0, "abc");
+    expectAnalysed("1", text.size() + 6, size + 6, ZEL_ERR_BAD_CONTENT, "");
+    expectAnalysed("1", text.size() + 1, 0, 0, "<?x");
+    expectAnalysed("3", text.size() + 1, -1, ZEL_ERR_BAD_CONTENT, "");
+    expectAnalysed("1", text.size() - 1, size - 1, ZEL_ERR_BAD_DOCUMENT, "");
 }
 
 } // namespace

@@ -40,7 +40,8 @@ TEST(Replay, RecQuery)
     expectRead(kType, "3001", request("Stream='1'|" + kChannel + kTime), record);
     set(record.Stream, std::string(1440, '1'));
     const std::string whole = "Stream='" + std::string(1440, '1');
-    expectBodies(kType, "3001", &record, request(kChannel + kTime), response(whole + "'|" + kChannel + kTime));
+    expectBodies(kType, "3001", &record, request(kChannel + kTime),
+                 response(whole + "'|" + kChannel + kTime));
     expectRead(kType, "3001", response(kTime + kChannel + whole + "22'|"), record);
 }
 

@@ -51,7 +51,8 @@ TEST(UserAuth, ReadsBothDirectionsAtOnce)
     // Long texts fill their fields.
     set(expected.Password, std::string(48, 'p'));
     set(expected.Username, "u");
-    expectRead(kType, "", "<USER_AUTH_PARAM Password='" + std::string(60, 'p') + "' Username='u'/>", expected);
+    expectRead(kType, "", "<USER_AUTH_PARAM Password='" + std::string(60, 'p') + "' Username='u'/>",
+               expected);
     EXPECT_NE(bodyOf(kType, "", &expected, 0).find("=\"" + std::string(48, 'p') + "\"\n"), std::string::npos);
 }
 

@@ -91,10 +91,11 @@ inline Analysed analyse(const std::string& payload, int mode = -1, void* arg = n
     memcpy(bytes.get(), payload.data(), payload.size());
     Analysed analysed;
     ZEL_PROTOCOL_HEADER_init(&analysed.header);
-    void* record = nullptr;
+    void* record = &analysed;
     analysed.result = ZelProtocolMSGAnalysisStart(bytes.get(), static_cast<int>(payload.size()), mode, arg,
                                                   &analysed.header, &record);
-    analysed.record.reset(record);
+    EXPECT_TRUE(analysed.result >= 0 || record == &analysed) << "a failure left something behind";
+    analysed.record.reset(record == &analysed ? nullptr : record);
     analysed.payload.assign(bytes.get(), payload.size());
     return analysed;
 }
