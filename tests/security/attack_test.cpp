@@ -299,7 +299,7 @@ TEST_F(Attack, ListsWithoutEnd)
                                 repeated(piece, n) + "\"/></SmartConfig>");
         };
     };
-    const char* const periods = "LightAlarmPeriodNum=\"255\" LightAlarmPeriodParam";
+    const char* const periods = "LightAlarmPeriodNum=\"255\" LightAlarmPeriod";
     const char* const coordinates = "LineCoordinatesNum=\"255\" LineCoordinates";
     for (const char* piece : {"[", "]", "[]", "[1", ",", "[1,1],", "[00:00:00-23:59:59],", "9"}) {
         EXPECT_EQ(expectLinear(rule(periods, piece), 200000), 0) << piece;
