@@ -4,16 +4,14 @@
 
 #include "core/families.h"
 #include "core/header.h"
+#include "core/scratch.h"
 #include "core/search.h"
 #include "zel_platform/codec.h"
 #include "zel_platform/log.h"
-#include "zel_platform/memory.h"
 
 namespace zel {
 
 namespace {
-
-constexpr size_t kScratchOnStack = 8192;
 
 // One payload on its way in, deciphered.
 struct Inbound
@@ -122,29 +120,19 @@ Unquoted findUnquotedChannel(std::string_view text)
 // All received bytes are copied, so that what lies behind the text stays behind it.
 int analyseRepaired(size_t textSize, const Unquoted& channel, const Inbound& inbound)
 {
-    char onStack[kScratchOnStack];
     const size_t size = inbound.size + 2;
-    const bool small = size <= sizeof onStack;
-    char* repaired = small ? onStack : static_cast<char*>(ZelProtocolMalloc(size));
-    if (!repaired) {
-        ZelProtocolLogError("ZelProtocolMalloc faile!!\n");
+    const Scratch scratch(size);
+    if (!scratch.bytes)
         return ZEL_ERR_NO_MEMORY;
-    }
-    TextWriter out(repaired, size);
+    TextWriter out(scratch.bytes, size);
     out.append(inbound.bytes, channel.begin);
     out.append("\"");
     out.append(inbound.bytes + channel.begin, channel.end - channel.begin);
     out.append("\"");
     out.append(inbound.bytes + channel.end, inbound.size - channel.end);
-    int status;
-    {
-        Message message({repaired, textSize + 2}, size, inbound.sourceLength);
-        logText(message.text);
-        status = analyseMessage(message, inbound);
-    }
-    if (!small)
-        ZelProtocolFree(repaired);
-    return status;
+    Message message({scratch.bytes, textSize + 2}, size, inbound.sourceLength);
+    logText(message.text);
+    return analyseMessage(message, inbound);
 }
 
 int analyseBytes(const Inbound& inbound)
@@ -164,32 +152,26 @@ int analyseBytes(const Inbound& inbound)
     return analyseMessage(message, inbound);
 }
 
-int decipher(const char* source, int sourceLength, int mode, void* arg, char* scratch, size_t size)
+int decipher(const Inbound& inbound, int mode, void* arg, const Scratch& scratch)
 {
-    const int capacity = size < INT_MAX ? static_cast<int>(size) : INT_MAX;
-    const int length = mode == 0 ? P2pProtocolDecode(0, source, sourceLength, scratch, capacity)
-                                 : ZelProtocolDecode(mode, source, sourceLength, scratch, capacity, arg);
+    const int capacity = scratch.size < INT_MAX ? static_cast<int>(scratch.size) : INT_MAX;
+    const int length =
+        mode == 0
+            ? P2pProtocolDecode(0, inbound.bytes, inbound.sourceLength, scratch.bytes, capacity)
+            : ZelProtocolDecode(mode, inbound.bytes, inbound.sourceLength, scratch.bytes, capacity, arg);
     return length < 0 || length > capacity ? ZEL_ERR_CODEC : length;
 }
 
 int analyseEnciphered(const Inbound& inbound, int mode, void* arg)
 {
-    char onStack[kScratchOnStack];
-    const size_t wanted = 2 * inbound.size;
-    const bool small = wanted <= sizeof onStack;
-    const size_t size = small ? sizeof onStack : wanted;
-    char* scratch = small ? onStack : static_cast<char*>(ZelProtocolMalloc(size));
-    if (!scratch) {
-        ZelProtocolLogError("ZelProtocolMalloc faile!!\n");
+    const Scratch scratch(2 * inbound.size);
+    if (!scratch.bytes)
         return ZEL_ERR_NO_MEMORY;
-    }
-    int status = decipher(inbound.bytes, inbound.sourceLength, mode, arg, scratch, size);
-    if (status >= 0)
-        status = analyseBytes(
-            {scratch, static_cast<size_t>(status), inbound.sourceLength, inbound.header, inbound.result});
-    if (!small)
-        ZelProtocolFree(scratch);
-    return status;
+    const int length = decipher(inbound, mode, arg, scratch);
+    if (length < 0)
+        return length;
+    return analyseBytes(
+        {scratch.bytes, static_cast<size_t>(length), inbound.sourceLength, inbound.header, inbound.result});
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 #include <climits>
 
 #include "core/families.h"
+#include "core/scratch.h"
 #include "core/transparent_list.h"
 #include "zel_platform/codec.h"
 #include "zel_platform/log.h"
-#include "zel_platform/memory.h"
 
 namespace zel {
 
@@ -16,8 +16,6 @@ constexpr size_t kHeadSize = 8;
 
 // A body has this much room even where the caller's buffer is smaller.
 constexpr size_t kLeastBodyBuffer = 8192;
-
-constexpr size_t kScratchOnStack = 8192;
 
 struct Frame
 {
@@ -62,17 +60,10 @@ int encipherOnScratch(const Frame& frame, const char* text, size_t length)
 {
     if ((length + 4) * 2 >= frame.size)
         return ZEL_ERR_BUFFER_SMALL;
-    char onStack[kScratchOnStack];
-    const bool small = 2 * frame.size <= sizeof onStack;
-    char* scratch = small ? onStack : static_cast<char*>(ZelProtocolMalloc(2 * frame.size));
-    if (!scratch) {
-        ZelProtocolLogError("ZelProtocolMalloc faile!!\n");
+    const Scratch scratch(2 * frame.size);
+    if (!scratch.bytes)
         return ZEL_ERR_NO_MEMORY;
-    }
-    const int written = encipherInto(frame, text, length, scratch + kHeadSize);
-    if (!small)
-        ZelProtocolFree(scratch);
-    return written;
+    return encipherInto(frame, text, length, scratch.bytes + kHeadSize);
 }
 
 int encipher(const Frame& frame, const TextWriter& text)
