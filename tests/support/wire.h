@@ -157,6 +157,23 @@ void expectRead(const std::string& type, const std::string& code, const std::str
     EXPECT_EQ(memcmp(analysed.record.get(), &expected, sizeof expected), 0) << code << body;
 }
 
+// One text, in one direction alone, out and in.
+template <class Record>
+void expectRequest(const std::string& type, const std::string& code, const Record& record,
+                   const std::string& text)
+{
+    expectBodies(type, code, &record, text, "");
+    expectRead(type, code, text, record);
+}
+
+template <class Record>
+void expectResponse(const std::string& type, const std::string& code, const Record& record,
+                    const std::string& text)
+{
+    expectBodies(type, code, &record, "", text);
+    expectRead(type, code, text, record);
+}
+
 // Sets a text field; the field may be filled to its last byte.
 template <size_t N>
 void set(char (&field)[N], const std::string& text)
