@@ -1,57 +1,55 @@
 #include "config/ipc_settings_msg.h"
 
-#include "core/records.h"
-
 namespace zel {
 
 namespace {
 
 // --- Attribute lists, for both directions --------------------------------------------------------
 
-constexpr auto timeConfig = [](auto& side, auto& record) {
-    containerWithAttributes(
-        side, "TimeConfig",
-        [&](auto& time) {
-            attribute(time, "TimeMode", record.TimeMode);
-            attribute(time, "TimeZone", record.TimeZone);
-            attributeIfSet(time, "Time", record.Time);
-        },
-        [&](auto& time) {
-            element(time, "NTPConfig", [&](auto& server) {
-                attribute(server, "ServerIP", record.ServerIP);
-                attribute(server, "ServerPort", record.ServerPort);
-                attribute(server, "RefreshInterval", record.RefreshInterval);
-            });
-            element(time, "DST", [&](auto& daylight) {
-                attribute(daylight, "Enable", record.Enable);
-                attribute(daylight, "StartTime", record.StartTime);
-                attribute(daylight, "EndTime", record.EndTime);
-                attribute(daylight, "Delta", record.Delta);
-            });
-        });
-};
+void timeConfig(Side& side, SYSTEM_CONFIG_GET_202_PARAM& record)
+{
+    if (const Element time = element(side, "TimeConfig", kBoth)) {
+        attribute(side, "TimeMode", record.TimeMode);
+        attribute(side, "TimeZone", record.TimeZone);
+        attributeIfSet(side, "Time", record.Time);
+        time.elements();
+        if (const Element server = element(side, "NTPConfig")) {
+            attribute(side, "ServerIP", record.ServerIP);
+            attribute(side, "ServerPort", record.ServerPort);
+            attribute(side, "RefreshInterval", record.RefreshInterval);
+        }
+        if (const Element daylight = element(side, "DST")) {
+            attribute(side, "Enable", record.Enable);
+            attribute(side, "StartTime", record.StartTime);
+            attribute(side, "EndTime", record.EndTime);
+            attribute(side, "Delta", record.Delta);
+        }
+    }
+}
 
-constexpr auto accountAttributes = [](auto& side, auto& account) {
+void accountAttributes(Side& side, SYSTEM_CONFIG_ACCOUNT_ROW& account)
+{
     attribute(side, "Username", account.Username);
     attribute(side, "Password", account.Password);
     attribute(side, "Group", account.Group);
     attribute(side, "Status", account.Status);
-};
+}
 
-constexpr auto userConfig = [](auto& side, auto& record) {
-    container(side, "UserConfig", [&](auto& users) {
-        if constexpr (kWrites<decltype(users)>) {
-            // Written with a blank behind the name.
-            for (const auto& account : record.stAccount)
-                if (isSet(account.Username))
-                    element(users, "Account ", [&](auto& row) { accountAttributes(row, account); });
-        } else {
-            rowElements(users, "Account", record.stAccount, accountAttributes);
-        }
-    });
-};
+bool isNamed(const SYSTEM_CONFIG_ACCOUNT_ROW& account)
+{
+    return isSet(account.Username);
+}
 
-constexpr auto addressAttributes = [](auto& side, auto& lan) {
+void userConfig(Side& side, SYSTEM_CONFIG_GET_203_PARAM& record)
+{
+    if (const Element users = container(side, "UserConfig"))
+        usedRowElements<accountAttributes, isNamed>(side, "Account", record.stAccount,
+                                                    std::size(record.stAccount), kBlankBehindName);
+}
+
+template <class Lan>
+void addressAttributes(Side& side, Lan& lan)
+{
     attribute(side, "MacAddress", lan.MacAddress);
     attribute(side, "DHCP", lan.DHCP);
     attribute(side, "IPAddress", lan.IPAddress);
@@ -60,36 +58,40 @@ constexpr auto addressAttributes = [](auto& side, auto& lan) {
     attribute(side, "DNS1", lan.DNS1);
     attribute(side, "DNS2", lan.DNS2);
     attribute(side, "MTU", lan.MTU);
-};
+}
 
-constexpr auto pptpAttributes = [](auto& side, auto& pptp) {
+void pptpAttributes(Side& side, SYSTEM_CONFIG_PPTP_CONFIG& pptp)
+{
     attribute(side, "Enable", pptp.Enable);
     attribute(side, "Server", pptp.Server);
     attribute(side, "Username", pptp.Username);
     attribute(side, "Password", pptp.Password);
     attribute(side, "MTU", pptp.MTU);
     attribute(side, "MPPE", pptp.MPPE);
-};
+}
 
-constexpr auto p2pConfig = [](auto& side, auto& record) {
-    element(side, "P2PConfig", [&](auto& p2p) {
-        attribute(p2p, "Enable", record.Enable);
-        attribute(p2p, "SyncTime", record.SyncTime);
-        attribute(p2p, "User", record.User);
-        attribute(p2p, "Passwd", record.Passwd);
-    });
-};
+void p2pConfig(Side& side, SYSTEM_CONFIG_GET_315_PARAM& record)
+{
+    if (const Element p2p = element(side, "P2PConfig")) {
+        attribute(side, "Enable", record.Enable);
+        attribute(side, "SyncTime", record.SyncTime);
+        attribute(side, "User", record.User);
+        attribute(side, "Passwd", record.Passwd);
+    }
+}
 
-constexpr auto p2pConfigIfSet = [](auto& side, auto& record) {
-    element(side, "P2PConfig", [&](auto& p2p) {
-        attributeIfSet(p2p, "Enable", record.Enable);
-        attributeIfSet(p2p, "SyncTime", record.SyncTime);
-        attributeIfSet(p2p, "User", record.User);
-        attributeIfSet(p2p, "Passwd", record.Passwd);
-    });
-};
+void p2pConfigIfSet(Side& side, SYSTEM_CONFIG_GET_315_PARAM& record)
+{
+    if (const Element p2p = element(side, "P2PConfig")) {
+        attributeIfSet(side, "Enable", record.Enable);
+        attributeIfSet(side, "SyncTime", record.SyncTime);
+        attributeIfSet(side, "User", record.User);
+        attributeIfSet(side, "Passwd", record.Passwd);
+    }
+}
 
-constexpr auto gb28181Attributes = [](auto& side, auto& gb28181) {
+void gb28181Attributes(Side& side, SYSTEM_CONFIG_GB28181_CONFIG& gb28181)
+{
     attribute(side, "Enable", gb28181.Enable);
     attribute(side, "DevPort", gb28181.DevPort);
     attribute(side, "ServerID", gb28181.ServerID);
@@ -104,149 +106,73 @@ constexpr auto gb28181Attributes = [](auto& side, auto& gb28181) {
     attribute(side, "KeepAliveNum", gb28181.KeepAliveNum);
     attribute(side, "StreamIdx", gb28181.StreamIdx);
     attribute(side, "AlarmID", gb28181.AlarmID);
-};
+}
 
-constexpr auto networkConfig = [](auto& side, auto& record) {
-    container(side, "NetworkConfig", [&](auto& network) {
-        element(network, "LANConfig", [&](auto& lan) {
-            attribute(lan, "AllNetConnectEnable", record.AllNetConnectEnable);
-            addressAttributes(lan, record.stLanConfig);
-        });
-        element(network, "WireConfig", [&](auto& wire) {
-            attribute(wire, "AllNetConnectEnable", record.stWireConfig.AllNetConnectEnable);
-            addressAttributes(wire, record.stWireConfig);
-        });
-        element(network, "PPTPConfig", [&](auto& pptp) { pptpAttributes(pptp, record.stPptpConfig); });
-        p2pConfig(network, record.stP2pConfig);
-        element(network, "GB28181",
-                [&](auto& gb28181) { gb28181Attributes(gb28181, record.stGb28181Config); });
-    });
-};
+void networkConfig(Side& side, SYSTEM_CONFIG_GET_300_PARAM& record)
+{
+    if (const Element network = container(side, "NetworkConfig")) {
+        if (const Element lan = element(side, "LANConfig")) {
+            attribute(side, "AllNetConnectEnable", record.AllNetConnectEnable);
+            addressAttributes(side, record.stLanConfig);
+        }
+        if (const Element wire = element(side, "WireConfig")) {
+            attribute(side, "AllNetConnectEnable", record.stWireConfig.AllNetConnectEnable);
+            addressAttributes(side, record.stWireConfig);
+        }
+        if (const Element pptp = element(side, "PPTPConfig")) {
+            pptpAttributes(side, record.stPptpConfig);
+        }
+        p2pConfig(side, record.stP2pConfig);
+        if (const Element gb28181 = element(side, "GB28181")) {
+            gb28181Attributes(side, record.stGb28181Config);
+        }
+    }
+}
 
-constexpr auto lanConfig = [](auto& side, auto& record) {
-    element(side, "LANConfig", [&](auto& lan) {
-        attribute(lan, "AllNetConnectEnable", record.AllNetConnectEnable);
+void lanConfig(Side& side, SYSTEM_CONFIG_SET_325_PARAM& record)
+{
+    if (const Element lan = element(side, "LANConfig")) {
+        attribute(side, "AllNetConnectEnable", record.AllNetConnectEnable);
         // Without an address the message sets nothing but the line above; what is there is read all the same.
-        if (!kWrites<decltype(lan)> || isSet(record.stLanConfig.IPAddress))
-            addressAttributes(lan, record.stLanConfig);
-    });
-};
+        if (side.takes(isSet(record.stLanConfig.IPAddress)))
+            addressAttributes(side, record.stLanConfig);
+    }
+}
 
 } // namespace
 
 // --- Messages ------------------------------------------------------------------------------------
 
-int SystemConfig_getIpcTimeset_MessageCompose(TextWriter& out, const SYSTEM_CONFIG_GET_202_PARAM& record,
-                                              int kind)
-{
-    if (isResponse(kind))
-        timeConfig(out, record);
-    return 0;
-}
-
-int SystemConfig_getIpcTimeset_MessageAnalysis(Message& message, void** result)
-{
-    return analyseDocument(message, result, {__func__}, "TimeConfig", "RESPONSE_PARAM",
-                           SYSTEM_CONFIG_GET_202_PARAM_init, timeConfig);
-}
-
-int SystemConfig_setIpcTimeset_MessageCompose(TextWriter& out, const SYSTEM_CONFIG_SET_222_PARAM& record,
-                                              int kind)
-{
-    if (isRequest(kind))
-        timeConfig(out, record);
-    return 0;
-}
-
-int SystemConfig_setIpcTimeset_MessageAnalysis(Message& message, void** result)
-{
-    return analyseDocument(message, result, {__func__}, "TimeConfig", "RESPONSE_PARAM",
-                           SYSTEM_CONFIG_SET_222_PARAM_init, timeConfig);
-}
-
-int SystemConfig_getIpcUserCfg_MessageCompose(TextWriter& out, const SYSTEM_CONFIG_GET_203_PARAM& record,
-                                              int kind)
-{
-    if (isResponse(kind))
-        userConfig(out, record);
-    return 0;
-}
-
-int SystemConfig_getIpcUserCfg_MessageAnalysis(Message& message, void** result)
-{
-    return analyseDocument(message, result, {__func__}, "UserConfig", "RESPONSE_PARAM",
-                           SYSTEM_CONFIG_GET_203_PARAM_init, userConfig);
-}
-
-int SystemConfig_setIpcUserCfg_MessageCompose(TextWriter& out, const SYSTEM_CONFIG_SET_223_PARAM& record,
-                                              int kind)
-{
-    if (isRequest(kind))
-        userConfig(out, record);
-    return 0;
-}
-
-int SystemConfig_setIpcUserCfg_MessageAnalysis(Message& message, void** result)
-{
-    return analyseDocument(message, result, {__func__}, "UserConfig", "RESPONSE_PARAM",
-                           SYSTEM_CONFIG_SET_223_PARAM_init, userConfig);
-}
-
-int SystemConfig_getIpcNetconfig_MessageCompose(TextWriter& out, const SYSTEM_CONFIG_GET_300_PARAM& record,
-                                                int kind)
-{
-    if (isResponse(kind))
-        networkConfig(out, record);
-    return 0;
-}
-
-int SystemConfig_getIpcNetconfig_MessageAnalysis(Message& message, void** result)
-{
-    return analyseDocument(message, result, {__func__}, "NetworkConfig", "NetworkConfig",
-                           SYSTEM_CONFIG_GET_300_PARAM_init, networkConfig);
-}
-
-int SystemConfig_getIpcP2Pconfig_MessageCompose(TextWriter& out, const SYSTEM_CONFIG_GET_315_PARAM& record,
-                                                int kind)
-{
-    if (isResponse(kind))
-        p2pConfigIfSet(out, record);
-    return 0;
-}
-
-int SystemConfig_getIpcP2Pconfig_MessageAnalysis(Message& message, void** result)
-{
-    return analyseDocument(message, result, {__func__}, "P2PConfig", "RESPONSE_PARAM",
-                           SYSTEM_CONFIG_GET_315_PARAM_init, p2pConfig);
-}
-
-int SystemConfig_setIpcP2Pconfig_MessageCompose(TextWriter& out, const SYSTEM_CONFIG_SET_335_PARAM& record,
-                                                int kind)
-{
-    if (isRequest(kind))
-        p2pConfig(out, record);
-    return 0;
-}
-
-int SystemConfig_setIpcP2Pconfig_MessageAnalysis(Message& message, void** result)
-{
-    return analyseDocument(message, result, {__func__}, "P2PConfig", "RESPONSE_PARAM",
-                           SYSTEM_CONFIG_SET_335_PARAM_init, p2pConfig);
-}
-
-int SystemConfig_setIpcLanconfig_MessageCompose(TextWriter& out, const SYSTEM_CONFIG_SET_325_PARAM& record,
-                                                int kind)
-{
-    if (isRequest(kind))
-        lanConfig(out, record);
-    return 0;
-}
-
-int SystemConfig_setIpcLanconfig_MessageAnalysis(Message& message, void** result)
-{
-    return analyseDocument(message, result, {__func__}, "LANConfig", "RESPONSE_PARAM",
-                           SYSTEM_CONFIG_SET_325_PARAM_init, lanConfig);
-}
+extern constexpr MessageRow kGetIpcTimeset =
+    message<SYSTEM_CONFIG_GET_202_PARAM_init>("SystemConfig_getIpcTimeset_MessageAnalysis",
+                                              over<timeConfig>("TimeConfig", Kinds::kResponses))
+        .reporting("RESPONSE_PARAM");
+extern constexpr MessageRow kSetIpcTimeset =
+    message<SYSTEM_CONFIG_SET_222_PARAM_init>("SystemConfig_setIpcTimeset_MessageAnalysis",
+                                              over<timeConfig>("TimeConfig", Kinds::kRequests))
+        .reporting("RESPONSE_PARAM");
+extern constexpr MessageRow kGetIpcUserCfg =
+    message<SYSTEM_CONFIG_GET_203_PARAM_init>("SystemConfig_getIpcUserCfg_MessageAnalysis",
+                                              over<userConfig>("UserConfig", Kinds::kResponses))
+        .reporting("RESPONSE_PARAM");
+extern constexpr MessageRow kSetIpcUserCfg =
+    message<SYSTEM_CONFIG_SET_223_PARAM_init>("SystemConfig_setIpcUserCfg_MessageAnalysis",
+                                              over<userConfig>("UserConfig", Kinds::kRequests))
+        .reporting("RESPONSE_PARAM");
+extern constexpr MessageRow kGetIpcNetconfig = message<SYSTEM_CONFIG_GET_300_PARAM_init>(
+    "SystemConfig_getIpcNetconfig_MessageAnalysis", over<networkConfig>("NetworkConfig", Kinds::kResponses));
+extern constexpr MessageRow kGetIpcP2Pconfig =
+    message<SYSTEM_CONFIG_GET_315_PARAM_init>("SystemConfig_getIpcP2Pconfig_MessageAnalysis",
+                                              over<p2pConfigIfSet>("P2PConfig", Kinds::kResponses))
+        .reporting("RESPONSE_PARAM");
+extern constexpr MessageRow kSetIpcLanconfig =
+    message<SYSTEM_CONFIG_SET_325_PARAM_init>("SystemConfig_setIpcLanconfig_MessageAnalysis",
+                                              over<lanConfig>("LANConfig", Kinds::kRequests))
+        .reporting("RESPONSE_PARAM");
+extern constexpr MessageRow kSetIpcP2Pconfig =
+    message<SYSTEM_CONFIG_SET_335_PARAM_init>("SystemConfig_setIpcP2Pconfig_MessageAnalysis",
+                                              over<p2pConfig>("P2PConfig", Kinds::kRequests))
+        .reporting("RESPONSE_PARAM");
 
 } // namespace zel
 
@@ -265,15 +191,9 @@ int SYSTEM_CONFIG_GET_203_PARAM_init(SYSTEM_CONFIG_GET_203_PARAM* param)
     return zel::initRecord(param, [](auto& record) { zel::clear(record.stAccount); });
 }
 
-int SYSTEM_CONFIG_SET_222_PARAM_init(SYSTEM_CONFIG_SET_222_PARAM* param)
-{
-    return SYSTEM_CONFIG_GET_202_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(SYSTEM_CONFIG_SET_222_PARAM, SYSTEM_CONFIG_GET_202_PARAM)
 
-int SYSTEM_CONFIG_SET_223_PARAM_init(SYSTEM_CONFIG_SET_223_PARAM* param)
-{
-    return SYSTEM_CONFIG_GET_203_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(SYSTEM_CONFIG_SET_223_PARAM, SYSTEM_CONFIG_GET_203_PARAM)
 
 int SYSTEM_CONFIG_GET_300_PARAM_init(SYSTEM_CONFIG_GET_300_PARAM* param)
 {
@@ -291,20 +211,14 @@ int SYSTEM_CONFIG_GET_300_PARAM_init(SYSTEM_CONFIG_GET_300_PARAM* param)
     });
 }
 
-int SYSTEM_CONFIG_GET_305_PARAM_init(SYSTEM_CONFIG_GET_305_PARAM* param)
-{
-    return SYSTEM_CONFIG_SET_325_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(SYSTEM_CONFIG_GET_305_PARAM, SYSTEM_CONFIG_SET_325_PARAM)
 
 int SYSTEM_CONFIG_GET_315_PARAM_init(SYSTEM_CONFIG_GET_315_PARAM* param)
 {
     return zel::initRecord(param, [](auto& record) { zel::clear(record.User, record.Passwd); });
 }
 
-int SYSTEM_CONFIG_SET_320_PARAM_init(SYSTEM_CONFIG_SET_320_PARAM* param)
-{
-    return SYSTEM_CONFIG_GET_300_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(SYSTEM_CONFIG_SET_320_PARAM, SYSTEM_CONFIG_GET_300_PARAM)
 
 int SYSTEM_CONFIG_SET_325_PARAM_init(SYSTEM_CONFIG_SET_325_PARAM* param)
 {
@@ -315,47 +229,13 @@ int SYSTEM_CONFIG_SET_325_PARAM_init(SYSTEM_CONFIG_SET_325_PARAM* param)
     });
 }
 
-int SYSTEM_CONFIG_SET_335_PARAM_init(SYSTEM_CONFIG_SET_335_PARAM* param)
-{
-    return SYSTEM_CONFIG_GET_315_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(SYSTEM_CONFIG_SET_335_PARAM, SYSTEM_CONFIG_GET_315_PARAM)
 
-int SystemConfig_getIpcTimeset_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemConfig_getIpcTimeset_MessageAnalysis>(text, result);
-}
-
-int SystemConfig_setIpcTimeset_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemConfig_setIpcTimeset_MessageAnalysis>(text, result);
-}
-
-int SystemConfig_getIpcUserCfg_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemConfig_getIpcUserCfg_MessageAnalysis>(text, result);
-}
-
-int SystemConfig_setIpcUserCfg_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemConfig_setIpcUserCfg_MessageAnalysis>(text, result);
-}
-
-int SystemConfig_getIpcNetconfig_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemConfig_getIpcNetconfig_MessageAnalysis>(text, result);
-}
-
-int SystemConfig_getIpcP2Pconfig_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemConfig_getIpcP2Pconfig_MessageAnalysis>(text, result);
-}
-
-int SystemConfig_setIpcP2Pconfig_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemConfig_setIpcP2Pconfig_MessageAnalysis>(text, result);
-}
-
-int SystemConfig_setIpcLanconfig_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemConfig_setIpcLanconfig_MessageAnalysis>(text, result);
-}
+ZEL_EXPORT_ANALYSIS(SystemConfig_getIpcTimeset, kGetIpcTimeset)
+ZEL_EXPORT_ANALYSIS(SystemConfig_setIpcTimeset, kSetIpcTimeset)
+ZEL_EXPORT_ANALYSIS(SystemConfig_getIpcUserCfg, kGetIpcUserCfg)
+ZEL_EXPORT_ANALYSIS(SystemConfig_setIpcUserCfg, kSetIpcUserCfg)
+ZEL_EXPORT_ANALYSIS(SystemConfig_getIpcNetconfig, kGetIpcNetconfig)
+ZEL_EXPORT_ANALYSIS(SystemConfig_getIpcP2Pconfig, kGetIpcP2Pconfig)
+ZEL_EXPORT_ANALYSIS(SystemConfig_setIpcP2Pconfig, kSetIpcP2Pconfig)
+ZEL_EXPORT_ANALYSIS(SystemConfig_setIpcLanconfig, kSetIpcLanconfig)

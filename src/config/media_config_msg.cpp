@@ -1,7 +1,5 @@
 #include "config/media_config_msg.h"
 
-#include "core/records.h"
-
 namespace zel {
 
 namespace {
@@ -15,28 +13,22 @@ enum class Form
 
 // --- Attribute lists, for both directions --------------------------------------------------------
 
-constexpr auto lightConfig = [](auto& side, auto& record, Form form) {
-    const auto attributes = [&](auto& light) {
-        attribute(light, "LightMode", record.LightMode);
-        attribute(light, "LightCtrl", record.LightCtrl);
-        attribute(light, "LightVal", record.LightVal);
+void lightConfig(Side& side, SYSTEM_CONFIG_GET_500_PARAM& record, Form form)
+{
+    // Without children, and yet with a closing tag.
+    if (const Element light = element(side, "LightConfig", kBoth | kAtQuote)) {
+        attribute(side, "LightMode", record.LightMode);
+        attribute(side, "LightCtrl", record.LightCtrl);
+        attribute(side, "LightVal", record.LightVal);
         // Only the get writes it, both read it.
-        if (!kWrites<decltype(light)> || form == Form::kGet)
-            rangeAttribute(light, "LightModeRange", record.LightModeRange);
-    };
-    if constexpr (kWrites<decltype(side)>) {
-        // Without children, and yet with a closing tag; the open tag ends directly behind the last quote.
-        openElement(side, "LightConfig");
-        attributes(side);
-        side.takeBack();
-        side.append(">\n");
-        closeTag(side, "LightConfig");
-    } else {
-        element(side, "LightConfig", attributes);
+        if (!side.writes() || form == Form::kGet)
+            rangeAttribute(side, "LightModeRange", record.LightModeRange);
+        light.elements();
     }
-};
+}
 
-constexpr auto captureAttributes = [](auto& side, auto& record, Form form) {
+void captureAttributes(Side& side, SYSTEM_CONFIG_GET_500_PARAM& record, Form form)
+{
     attribute(side, "LightBoardBrigh", record.LightBoardBrigh);
     attribute(side, "LightBoardMode", record.LightBoardMode);
     attribute(side, "Brightness", record.Brightness);
@@ -63,7 +55,7 @@ constexpr auto captureAttributes = [](auto& side, auto& record, Form form) {
     attribute(side, "soft_pr_luma_day_to_night", record.soft_pr_luma_day_to_night);
     attribute(side, "IrcutDelayValue", record.IrcutDelayValue);
     attribute(side, "IrcutSensitivity", record.IrcutSensitivity);
-    if (kWrites<decltype(side)> || form == Form::kGet) {
+    if (side.writes() || form == Form::kGet) {
         timeAttribute(side, "IrcutNightStartTime", record.IrcutNightStartTime);
         timeAttribute(side, "IrcutNightEndTime", record.IrcutNightEndTime);
     } else {
@@ -74,9 +66,10 @@ constexpr auto captureAttributes = [](auto& side, auto& record, Form form) {
     attribute(side, "IrcutLumaList", record.IrcutLumaList);
     attribute(side, "IrcutLuma", record.IrcutLuma);
     attribute(side, "IrcutKeepColor", record.IrcutKeepColor);
-};
+}
 
-constexpr auto encodeAttributes = [](auto& side, auto& row) {
+void encodeAttributes(Side& side, SYSTEM_CONFIG_ENCODE_ROW& row)
+{
     attribute(side, "Stream", row.Stream);
     attribute(side, "Resolution", row.Resolution);
     attribute(side, "EncodeFormat", row.EncodeFormat);
@@ -84,9 +77,10 @@ constexpr auto encodeAttributes = [](auto& side, auto& row) {
     attribute(side, "Initquant", row.Initquant);
     attribute(side, "BitRate", row.BitRate);
     attribute(side, "FrameRate", row.FrameRate);
-};
+}
 
-constexpr auto advanceEncodeAttributes = [](auto& side, auto& record) {
+void advanceEncodeAttributes(Side& side, SYSTEM_CONFIG_GET_500_PARAM& record)
+{
     attribute(side, "EncodeProfile", record.EncodeProfile);
     attribute(side, "WDRMode", record.WDRMode);
     timeAttribute(side, "WDRStartTime", record.WDRStartTime);
@@ -100,69 +94,75 @@ constexpr auto advanceEncodeAttributes = [](auto& side, auto& record) {
     attribute(side, "IvpLowBitrate", record.IvpLowBitrate);
     attribute(side, "IvpAdvanceIspNew", record.IvpAdvanceIspNew);
     attribute(side, "IvpAdvanceIsp", record.IvpAdvanceIsp);
-};
+}
 
-constexpr auto advancedElements = [](auto& side, auto& record) {
-    element(side, "AEConfig", [&](auto& ae) {
-        attribute(ae, "AEStep", record.AEStep);
-        attribute(ae, "AETolerance", record.AETolerance);
-    });
-    element(side, "ExposureConfig", [&](auto& exposure) {
-        attribute(exposure, "ExposureMode", record.ExposureMode);
-        attribute(exposure, "SemiautoMode", record.SemiautoMode);
-        attribute(exposure, "ExposureTime", record.ExposureTime);
-        attribute(exposure, "DaySystemGain", record.DaySystemGain);
-        attribute(exposure, "NightSystemGain", record.NightSystemGain);
-    });
-    element(side, "AWBConfig", [&](auto& awb) {
-        attribute(awb, "AWBMode", record.AWBMode);
-        attribute(awb, "AWBRGain", record.AWBRGain);
-        attribute(awb, "AWBBGain", record.AWBBGain);
-    });
-    element(side, "DRCConfig", [&](auto& drc) {
-        attribute(drc, "Mode", record.Mode);
-        attribute(drc, "StrenthTarget", record.StrenthTarget);
-        timeAttribute(drc, "DRCStartTime", record.DRCStartTime);
-        timeAttribute(drc, "DRCEndTime", record.DRCEndTime);
-    });
-    element(side, "DenoiseConfig", [&](auto& denoise) {
-        attribute(denoise, "DenoiseMode", record.DenoiseMode);
-        attribute(denoise, "DenoiseDayStrenth", record.DenoiseDayStrenth);
-        attribute(denoise, "DenoiseNightStrenth", record.DenoiseNightStrenth);
-    });
-    element(side, "ColorStyle",
-            [&](auto& color) { attribute(color, "ColorStyleMode", record.ColorStyleMode); });
-    element(side, "LDCConfig", [&](auto& ldc) {
-        attribute(ldc, "enable", record.LDCConfig_enable);
-        attribute(ldc, "centorX", record.centorX);
-        attribute(ldc, "centorY", record.centorY);
-        attribute(ldc, "ratio", record.ratio);
-    });
-    element(side, "StarlightConfig",
-            [&](auto& starlight) { attribute(starlight, "enable", record.StarlightConfig_enable); });
-    element(side, "DefogConfig", [&](auto& defog) {
-        attribute(defog, "DefogMode", record.DefogMode);
-        attribute(defog, "DefogValue", record.DefogValue);
-    });
-    element(side, "DoubleLight",
-            [&](auto& light) { attribute(light, "WeightCoefficient", record.WeightCoefficient); });
-};
+void advancedElements(Side& side, SYSTEM_CONFIG_GET_500_PARAM& record)
+{
+    if (const Element ae = element(side, "AEConfig")) {
+        attribute(side, "AEStep", record.AEStep);
+        attribute(side, "AETolerance", record.AETolerance);
+    }
+    if (const Element exposure = element(side, "ExposureConfig")) {
+        attribute(side, "ExposureMode", record.ExposureMode);
+        attribute(side, "SemiautoMode", record.SemiautoMode);
+        attribute(side, "ExposureTime", record.ExposureTime);
+        attribute(side, "DaySystemGain", record.DaySystemGain);
+        attribute(side, "NightSystemGain", record.NightSystemGain);
+    }
+    if (const Element awb = element(side, "AWBConfig")) {
+        attribute(side, "AWBMode", record.AWBMode);
+        attribute(side, "AWBRGain", record.AWBRGain);
+        attribute(side, "AWBBGain", record.AWBBGain);
+    }
+    if (const Element drc = element(side, "DRCConfig")) {
+        attribute(side, "Mode", record.Mode);
+        attribute(side, "StrenthTarget", record.StrenthTarget);
+        timeAttribute(side, "DRCStartTime", record.DRCStartTime);
+        timeAttribute(side, "DRCEndTime", record.DRCEndTime);
+    }
+    if (const Element denoise = element(side, "DenoiseConfig")) {
+        attribute(side, "DenoiseMode", record.DenoiseMode);
+        attribute(side, "DenoiseDayStrenth", record.DenoiseDayStrenth);
+        attribute(side, "DenoiseNightStrenth", record.DenoiseNightStrenth);
+    }
+    if (const Element color = element(side, "ColorStyle")) {
+        attribute(side, "ColorStyleMode", record.ColorStyleMode);
+    }
+    if (const Element ldc = element(side, "LDCConfig")) {
+        attribute(side, "enable", record.LDCConfig_enable);
+        attribute(side, "centorX", record.centorX);
+        attribute(side, "centorY", record.centorY);
+        attribute(side, "ratio", record.ratio);
+    }
+    if (const Element starlight = element(side, "StarlightConfig")) {
+        attribute(side, "enable", record.StarlightConfig_enable);
+    }
+    if (const Element defog = element(side, "DefogConfig")) {
+        attribute(side, "DefogMode", record.DefogMode);
+        attribute(side, "DefogValue", record.DefogValue);
+    }
+    if (const Element light = element(side, "DoubleLight")) {
+        attribute(side, "WeightCoefficient", record.WeightCoefficient);
+    }
+}
 
-constexpr auto overlayElements = [](auto& side, auto& record) {
-    element(side, "TimeOverlay", [&](auto& time) {
-        attribute(time, "PosX", record.TimeOverlay_PosX);
-        attribute(time, "PosY", record.TimeOverlay_PosY);
-        attribute(time, "Format", record.Format);
-        attribute(time, "WeekDisplayEn", record.WeekDisplayEn);
-    });
-    element(side, "TitleOverlay", [&](auto& title) {
-        attribute(title, "PosX", record.TitleOverlay_PosX);
-        attribute(title, "PosY", record.TitleOverlay_PosY);
-        attribute(title, "Title", record.Title);
-    });
-};
+void overlayElements(Side& side, SYSTEM_CONFIG_GET_500_PARAM& record)
+{
+    if (const Element time = element(side, "TimeOverlay")) {
+        attribute(side, "PosX", record.TimeOverlay_PosX);
+        attribute(side, "PosY", record.TimeOverlay_PosY);
+        attribute(side, "Format", record.Format);
+        attribute(side, "WeekDisplayEn", record.WeekDisplayEn);
+    }
+    if (const Element title = element(side, "TitleOverlay")) {
+        attribute(side, "PosX", record.TitleOverlay_PosX);
+        attribute(side, "PosY", record.TitleOverlay_PosY);
+        attribute(side, "Title", record.Title);
+    }
+}
 
-constexpr auto maskAttributes = [](auto& side, auto& row) {
+void maskAttributes(Side& side, SYSTEM_CONFIG_MASK_ROW& row)
+{
     attribute(side, "Area1PosX", row.Area1PosX);
     attribute(side, "Area1PosY", row.Area1PosY);
     signedAttribute(side, "Area1Width", row.Area1Width);
@@ -179,97 +179,98 @@ constexpr auto maskAttributes = [](auto& side, auto& row) {
     attribute(side, "Area4PosY", row.Area4PosY);
     signedAttribute(side, "Area4Width", row.Area4Width);
     signedAttribute(side, "Area4Height", row.Area4Height);
-};
+}
 
-constexpr auto maskElements = [](auto& side, auto& record) {
+void maskElements(Side& side, SYSTEM_CONFIG_GET_500_PARAM& record)
+{
     auto& mainRow = record.stMaskRows[0];
     auto& subRow = record.stMaskRows[1];
-    if constexpr (kWrites<decltype(side)>) {
-        element(side, "MainStream", [&](auto& stream) { maskAttributes(stream, mainRow); });
-        element(side, "SubStream", [&](auto& stream) { maskAttributes(stream, subRow); });
-    } else if (const ElementReader mainStream = side.child("MainStream")) {
-        maskAttributes(mainStream, mainRow);
-        // The sub stream is only looked for behind the main stream.
-        if (const ElementReader subStream = mainStream.next("SubStream"))
-            maskAttributes(subStream, subRow);
+    // The sub stream is only looked for behind the main stream.
+    Siblings streams(side);
+    if (streams.next("MainStream")) {
+        maskAttributes(side, mainRow);
+        if (streams.next("SubStream"))
+            maskAttributes(side, subRow);
     }
-};
+}
 
-constexpr auto audioElements = [](auto& side, auto& record) {
-    element(side, "Capture", [&](auto& capture) { attribute(capture, "Volume", record.Capture_Volume); });
-    element(side, "Encode", [&](auto& encode) {
-        attribute(encode, "Enable", record.Encode_Enable);
-        signedAttribute(encode, "SampleRate", record.SampleRate);
-        attribute(encode, "EncodeType", record.EncodeType);
-        signedAttribute(encode, "BitRate", record.BitRate);
-    });
-    element(side, "Play", [&](auto& play) { attribute(play, "Volume", record.Play_Volume); });
-};
+void audioElements(Side& side, SYSTEM_CONFIG_GET_500_PARAM& record)
+{
+    if (const Element capture = element(side, "Capture")) {
+        attribute(side, "Volume", record.Capture_Volume);
+    }
+    if (const Element encode = element(side, "Encode")) {
+        attribute(side, "Enable", record.Encode_Enable);
+        signedAttribute(side, "SampleRate", record.SampleRate);
+        attribute(side, "EncodeType", record.EncodeType);
+        signedAttribute(side, "BitRate", record.BitRate);
+    }
+    if (const Element play = element(side, "Play")) {
+        attribute(side, "Volume", record.Play_Volume);
+    }
+}
 
-constexpr auto mediaConfig = [](auto& side, auto& record, Form form) {
-    container(side, "MediaConfig", [&](auto& media) {
-        container(media, "Video", [&](auto& video) {
-            lightConfig(video, record, form);
-            element(video, "Capture", [&](auto& capture) { captureAttributes(capture, record, form); });
-            container(video, "Encode", [&](auto& encode) {
-                rowElements(encode, "EncodeConfig", record.stEncodeConfig, encodeAttributes);
-                element(encode, "AdvanceEncodeConfig",
-                        [&](auto& advance) { advanceEncodeAttributes(advance, record); });
-            });
-            container(video, "AdvacedMediaConfig",
-                      [&](auto& advanced) { advancedElements(advanced, record); });
-            element(video, "JpegConfig", [&](auto& jpeg) {
-                attribute(jpeg, "Enable", record.JpegConfig_Enable);
-                attribute(jpeg, "Stream", record.Stream);
-                attribute(jpeg, "Quality", record.Quality);
-                attribute(jpeg, "Framerate", record.Framerate);
-            });
-            containerWithAttributes(
-                video, "Overlay",
-                [&](auto& overlay) {
-                    attribute(overlay, "Enable", record.Overlay_Enable);
-                    attribute(overlay, "Transparency", record.Transparency);
-                },
-                [&](auto& overlay) { overlayElements(overlay, record); });
-            container(video, "Mask", [&](auto& mask) { maskElements(mask, record); });
-        });
-        container(media, "Audio", [&](auto& audio) { audioElements(audio, record); });
-    });
-};
+void mediaConfig(Side& side, SYSTEM_CONFIG_GET_500_PARAM& record, Form form)
+{
+    if (const Element media = container(side, "MediaConfig")) {
+        if (const Element video = container(side, "Video")) {
+            lightConfig(side, record, form);
+            if (const Element capture = element(side, "Capture")) {
+                captureAttributes(side, record, form);
+            }
+            if (const Element encode = container(side, "Encode")) {
+                rowElements<encodeAttributes>(side, "EncodeConfig", record.stEncodeConfig);
+                if (const Element advance = element(side, "AdvanceEncodeConfig")) {
+                    advanceEncodeAttributes(side, record);
+                }
+            }
+            if (const Element advanced = container(side, "AdvacedMediaConfig")) {
+                advancedElements(side, record);
+            }
+            if (const Element jpeg = element(side, "JpegConfig")) {
+                attribute(side, "Enable", record.JpegConfig_Enable);
+                attribute(side, "Stream", record.Stream);
+                attribute(side, "Quality", record.Quality);
+                attribute(side, "Framerate", record.Framerate);
+            }
+            if (const Element overlay = element(side, "Overlay", kBoth)) {
+                attribute(side, "Enable", record.Overlay_Enable);
+                attribute(side, "Transparency", record.Transparency);
+                overlay.elements();
+                overlayElements(side, record);
+            }
+            if (const Element mask = container(side, "Mask")) {
+                maskElements(side, record);
+            }
+        }
+        if (const Element audio = container(side, "Audio")) {
+            audioElements(side, record);
+        }
+    }
+}
+
+void getMediaConfig(Side& side, SYSTEM_CONFIG_GET_500_PARAM& record)
+{
+    mediaConfig(side, record, Form::kGet);
+}
+
+void setMediaConfig(Side& side, SYSTEM_CONFIG_SET_520_PARAM& record)
+{
+    mediaConfig(side, record, Form::kSet);
+}
 
 } // namespace
 
 // --- Messages ------------------------------------------------------------------------------------
 
-int SystemConfig_getMediaconfig_MessageCompose(TextWriter& out, const SYSTEM_CONFIG_GET_500_PARAM& record,
-                                               int kind)
-{
-    if (isResponse(kind))
-        mediaConfig(out, record, Form::kGet);
-    return 0;
-}
-
-int SystemConfig_getMediaconfig_MessageAnalysis(Message& message, void** result)
-{
-    return analyseDocument(message, result, {__func__}, "MediaConfig", "RESPONSE_PARAM",
-                           SYSTEM_CONFIG_GET_500_PARAM_init,
-                           [](auto& body, auto& record) { mediaConfig(body, record, Form::kGet); });
-}
-
-int SystemConfig_setMediaconfig_MessageCompose(TextWriter& out, const SYSTEM_CONFIG_SET_520_PARAM& record,
-                                               int kind)
-{
-    if (isRequest(kind))
-        mediaConfig(out, record, Form::kSet);
-    return 0;
-}
-
-int SystemConfig_setMediaconfig_MessageAnalysis(Message& message, void** result)
-{
-    return analyseDocument(message, result, {__func__}, "MediaConfig", "RESPONSE_PARAM",
-                           SYSTEM_CONFIG_SET_520_PARAM_init,
-                           [](auto& body, auto& record) { mediaConfig(body, record, Form::kSet); });
-}
+extern constexpr MessageRow kGetMediaconfig =
+    message<SYSTEM_CONFIG_GET_500_PARAM_init>("SystemConfig_getMediaconfig_MessageAnalysis",
+                                              over<getMediaConfig>("MediaConfig", Kinds::kResponses))
+        .reporting("RESPONSE_PARAM");
+extern constexpr MessageRow kSetMediaconfig =
+    message<SYSTEM_CONFIG_SET_520_PARAM_init>("SystemConfig_setMediaconfig_MessageAnalysis",
+                                              over<setMediaConfig>("MediaConfig", Kinds::kRequests))
+        .reporting("RESPONSE_PARAM");
 
 } // namespace zel
 
@@ -284,17 +285,7 @@ int SYSTEM_CONFIG_GET_500_PARAM_init(SYSTEM_CONFIG_GET_500_PARAM* param)
     });
 }
 
-int SYSTEM_CONFIG_SET_520_PARAM_init(SYSTEM_CONFIG_SET_520_PARAM* param)
-{
-    return SYSTEM_CONFIG_GET_500_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(SYSTEM_CONFIG_SET_520_PARAM, SYSTEM_CONFIG_GET_500_PARAM)
 
-int SystemConfig_getMediaconfig_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemConfig_getMediaconfig_MessageAnalysis>(text, result);
-}
-
-int SystemConfig_setMediaconfig_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemConfig_setMediaconfig_MessageAnalysis>(text, result);
-}
+ZEL_EXPORT_ANALYSIS(SystemConfig_getMediaconfig, kGetMediaconfig)
+ZEL_EXPORT_ANALYSIS(SystemConfig_setMediaconfig, kSetMediaconfig)

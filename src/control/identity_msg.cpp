@@ -1,7 +1,6 @@
 #include "control/identity_msg.h"
 
 #include "control/channel_state.h"
-#include "core/records.h"
 #include "zel_platform/log.h"
 
 namespace zel {
@@ -10,16 +9,18 @@ namespace {
 
 // --- Attribute lists, for both directions --------------------------------------------------------
 
-constexpr auto versions = [](auto& side, auto& record) {
+void versions(Side& side, SYSTEM_CONTROL_1012_PARAM& record)
+{
     attribute(side, "KernelVersion", record.KernelVersion);
     attribute(side, "FileSystemVersion", record.FileSystemVersion);
     attribute(side, "DeviceIdentify", record.DeviceIdentify);
     channelStateAttribute(side, record.ChannelId, record.bChannelIdEmpty);
     attributeIfSet(side, "FileSystemIdentify", record.FileSystemIdentify);
     attributeIfSet(side, "HardVersion", record.HardVersion);
-};
+}
 
-constexpr auto systemInfo = [](auto& side, auto& info) {
+void systemInfo(Side& side, SYSTEM_CONTROL_3000_PARAM& info)
+{
     attribute(side, "ProductModel", info.ProductModel);
     attribute(side, "CloudID", info.CloudID);
     attribute(side, "ChannelNum", info.ChannelNum);
@@ -31,17 +32,25 @@ constexpr auto systemInfo = [](auto& side, auto& info) {
     attribute(side, "HardwareVersion", info.HardwareVersion);
     attribute(side, "ReleaseTime", info.ReleaseTime);
     attribute(side, "TelnetPort", info.TelnetPort);
-};
+}
 
-constexpr auto serialNumber = [](auto& side, auto& record) {
+void versionsOfRecorder(Side& side, SYSTEM_CONTROL_1012_PARAM& record)
+{
+    systemInfo(side, record.stSystemInfo);
+}
+
+void versionsRequest(Side& side, SYSTEM_CONTROL_1012_PARAM& record)
+{
+    channelStateAttribute(side, record.ChannelId, record.bChannelIdEmpty);
+}
+
+void serialNumber(Side& side, SYSTEM_CONTROL_1019_PARAM& record)
+{
     attribute(side, "SerialNumber", record.SerialNumber);
-};
+}
 
-constexpr auto abilities = [](auto& side, auto& record) {
-    attribute(side, "SystemConfigString", record.SystemConfigString);
-};
-
-constexpr auto remoteAuthority = [](auto& side, auto& record) {
+void remoteAuthority(Side& side, SYSTEM_CONTROL_1020_PARAM& record)
+{
     attribute(side, "RemotePreview", record.RemotePreview);
     attribute(side, "RemotePlayback", record.RemotePlayback);
     attribute(side, "PTZControl", record.PTZControl);
@@ -49,238 +58,157 @@ constexpr auto remoteAuthority = [](auto& side, auto& record) {
     attribute(side, "RemoteUpgrade", record.RemoteUpgrade);
     attribute(side, "TalkingEnble", record.TalkingEnble);
     attribute(side, "ShutDownSystem", record.ShutDownSystem);
-};
+}
 
-constexpr auto deviceType = [](auto& side, auto& record) {
+void abilities(Side& side, SYSTEM_CONTROL_1020_PARAM& record)
+{
+    if (const Element response = element(side, "RESPONSE_PARAM"))
+        attribute(side, "SystemConfigString", record.SystemConfigString);
+    if (const Element authority = elementIf(record.bRemoteAuthority == 0, side, "REMOTE_AUTHORITY"))
+        remoteAuthority(side, record);
+    if (const Element algorithm = elementIf(isSet(record.algorithmId), side, "AvailableAlId", kOnLine))
+        attribute(side, "algorithmId", record.algorithmId);
+    if (const Element service =
+            elementIf(isSet(record.vaSeviceId), side, "va_service", kOnLine | kBlankAtEnd))
+        attribute(side, "vaSeviceId", record.vaSeviceId);
+}
+
+// Some devices answer with a bare text in place of all elements.
+void bareAbilities(Side& side, SYSTEM_CONTROL_1020_PARAM& record)
+{
+    ownText(side, record.SystemConfigString, sizeof record.SystemConfigString);
+}
+
+void deviceType(Side& side, SYSTEM_CONTROL_1030_PARAM& record)
+{
     attribute(side, "IPC_Type", record.IPC_Type);
     attribute(side, "DevMType", record.DevMType);
     attribute(side, "DevType", record.DevType);
     attribute(side, "SdkType", record.SdkType);
     attribute(side, "Feature", record.Feature);
-};
+}
 
-constexpr auto mediaAbilities = [](auto& side, auto& record) {
-    elementClosedAtQuote(side, "VideoCap", [&](auto& video) {
-        attribute(video, "CapList", record.VideoCapList);
-        attributeIfSet(video, "CapListV2", record.VideoCapListV2);
-    });
-    elementClosedAtQuote(side, "AudioCap",
-                         [&](auto& audio) { attribute(audio, "CapList", record.AudioCapList); });
-    elementClosedAtQuote(side, "VideoBestParameter",
-                         [&](auto& best) { attribute(best, "CapList", record.VideoBestParameterList); });
-};
-
-constexpr auto userData = [](auto& side, auto& record) {
-    attribute(side, "UserDevData", record.UserDevData);
-};
-
-void composeSystemInfo(TextWriter& out, const SYSTEM_CONTROL_3000_PARAM& info)
+void mediaAbilities(Side& side, SYSTEM_CONTROL_1031_PARAM& record)
 {
-    // A name with a blank behind it.
-    element(out, "SystemInfo ", [&](TextWriter& side) { systemInfo(side, info); });
+    if (const Element video = element(side, "VideoCap", kAtQuote)) {
+        attribute(side, "CapList", record.VideoCapList);
+        attributeIfSet(side, "CapListV2", record.VideoCapListV2);
+    }
+    if (const Element audio = element(side, "AudioCap", kAtQuote)) {
+        attribute(side, "CapList", record.AudioCapList);
+    }
+    if (const Element best = element(side, "VideoBestParameter", kAtQuote)) {
+        attribute(side, "CapList", record.VideoBestParameterList);
+    }
+}
+
+// The name of each number is found out by itself, and 0 is never set.
+void keyFrame(Side& side, SYSTEM_CONTROL_1032_PARAM& record)
+{
+    if (side.writes()) {
+        if (side.takes(record.bSendIpc == 0)) {
+            attribute(side, "ChannelId", record.ChannelId);
+            attribute(side, "StreamIndex", record.StreamIndex);
+        }
+        if (side.takes(record.bSendIpc == 1)) {
+            attribute(side, "Camera", record.ChannelId);
+            attribute(side, "Stream", record.StreamIndex);
+        }
+        return;
+    }
+    if (!readAttribute(side, "ChannelId", record.ChannelId)) {
+        attribute(side, "Camera", record.ChannelId);
+        record.bSendIpc = 1;
+    }
+    if (!readAttribute(side, "StreamIndex", record.StreamIndex)) {
+        attribute(side, "Stream", record.StreamIndex);
+        record.bSendIpc = 1;
+    }
+}
+
+void userData(Side& side, SYSTEM_CONTROL_1033_PARAM& record)
+{
+    attribute(side, "UserDevData", record.UserDevData);
+}
+
+// --- Leaves --------------------------------------------------------------------------------------
+
+int composeVersions(const MessageRow& row, Outbound& outbound)
+{
+    const auto& record = as<SYSTEM_CONTROL_1012_PARAM>(outbound.record);
+    if (isResponse(outbound.kind))
+        writePart(row.parts[isSet(record.bSystemInfo) ? 2 : 0], outbound);
+    return 0;
+}
+
+int analyseAbilities(const MessageRow& row, Message& message, void** result)
+{
+    ElementReader body;
+    if (const int status = openBody(message, result, row.leaf, body))
+        return status;
+    const bool hasElement = static_cast<bool>(body.child("RESPONSE_PARAM"));
+    if (!hasElement && !body.text())
+        return missingElement(row.leaf, "RESPONSE_PARAM");
+    return givePart(row, row.parts[hasElement ? 0 : 1], message, body, result);
+}
+
+int composeKeyFrame(const MessageRow& row, Outbound& outbound)
+{
+    const int32_t names = as<SYSTEM_CONTROL_1032_PARAM>(outbound.record).bSendIpc;
+    if (!isRequest(outbound.kind) || names == 0 || names == 1)
+        return composeParts(row, outbound);
+    ZelProtocolLogInfo("SystemControl_GetIpcKeyFrame_MessageCompose unknow bSendIpc:%d\n", names);
+    return 0;
 }
 
 } // namespace
 
 // --- Messages ------------------------------------------------------------------------------------
 
-int SystemControl_GetIpcSysVersion_MessageCompose(TextWriter& out, const SYSTEM_CONTROL_1012_PARAM& record,
-                                                  int kind)
-{
-    if (!isResponse(kind))
-        return 0;
-    if (isSet(record.bSystemInfo))
-        composeSystemInfo(out, record.stSystemInfo);
-    else
-        element(out, "RESPONSE_PARAM", [&](TextWriter& side) { versions(side, record); });
-    return 0;
-}
-
 // The request is a peer's: this side never writes one.
-int SystemControl_GetIpcSysVersion_MessageAnalysis(Message& message, void** result)
-{
-    const Leaf leaf{__func__, true};
-    ElementReader body;
-    if (const int status = openBody(message, result, leaf, body))
-        return status;
-    const ElementReader response = body.child("RESPONSE_PARAM");
-    const ElementReader request = body.child("REQUEST_PARAM");
-    const ElementReader info = body.child("SystemInfo");
-    if (!response && !request && !info)
-        return missingElement(leaf, "RESPONSE_PARAM");
-    return giveRecord(result, SYSTEM_CONTROL_1012_PARAM_init, [&](auto& record) {
-        if (response)
-            versions(response, record);
-        else if (request)
-            channelStateAttribute(request, record.ChannelId, record.bChannelIdEmpty);
-        else
-            systemInfo(info, record.stSystemInfo);
-    });
-}
-
-int SystemControl_GetIpcSN_MessageCompose(TextWriter& out, const SYSTEM_CONTROL_1019_PARAM& record, int kind)
-{
-    if (isResponse(kind))
-        element(out, "RESPONSE_PARAM", [&](TextWriter& side) { serialNumber(side, record); });
-    return 0;
-}
-
-int SystemControl_GetIpcSN_MessageAnalysis(Message& message, void** result)
-{
-    return analyseElement(message, result, {__func__, true}, "RESPONSE_PARAM", SYSTEM_CONTROL_1019_PARAM_init,
-                          serialNumber);
-}
-
-int SystemControl_GetSysAbality_MessageCompose(TextWriter& out, const SYSTEM_CONTROL_1020_PARAM& record,
-                                               int kind)
-{
-    if (!isResponse(kind))
-        return 0;
-    element(out, "RESPONSE_PARAM", [&](TextWriter& side) { abilities(side, record); });
-    if (record.bRemoteAuthority == 0)
-        element(out, "REMOTE_AUTHORITY", [&](TextWriter& side) { remoteAuthority(side, record); });
-    if (isSet(record.algorithmId)) {
-        out.append("<AvailableAlId algorithmId=\"");
-        appendText(out, record.algorithmId);
-        out.append("\"/>\n");
-    }
-    if (isSet(record.vaSeviceId)) {
-        out.append("<va_service vaSeviceId=\"");
-        appendNumber(out, record.vaSeviceId);
-        out.append("\" />\n");
-    }
-    return 0;
-}
-
-// Some devices answer with a bare text in place of all elements.
-int SystemControl_GetSysAbality_MessageAnalysis(Message& message, void** result)
-{
-    const Leaf leaf{__func__, true};
-    ElementReader body;
-    if (const int status = openBody(message, result, leaf, body))
-        return status;
-    const ElementReader response = body.child("RESPONSE_PARAM");
-    if (!response && !body.text())
-        return missingElement(leaf, "RESPONSE_PARAM");
-    return giveRecord(result, SYSTEM_CONTROL_1020_PARAM_init, [&](auto& record) {
-        if (!response) {
-            readOwnText(body, record.SystemConfigString, sizeof record.SystemConfigString);
-            return;
-        }
-        abilities(response, record);
-        element(body, "REMOTE_AUTHORITY", [&](auto& side) { remoteAuthority(side, record); });
-        element(body, "AvailableAlId",
-                [&](auto& side) { attribute(side, "algorithmId", record.algorithmId); });
-        element(body, "va_service", [&](auto& side) { attribute(side, "vaSeviceId", record.vaSeviceId); });
-    });
-}
-
-int SystemControl_GetDeviceType_MessageCompose(TextWriter& out, const SYSTEM_CONTROL_1030_PARAM& record,
-                                               int kind)
-{
-    if (isResponse(kind))
-        element(out, "RESPONSE_PARAM", [&](TextWriter& side) { deviceType(side, record); });
-    return 0;
-}
-
-int SystemControl_GetDeviceType_MessageAnalysis(Message& message, void** result)
-{
-    return analyseElement(message, result, {__func__, true}, "RESPONSE_PARAM", SYSTEM_CONTROL_1030_PARAM_init,
-                          deviceType);
-}
-
-int SystemControl_GetMediaAbality_MessageCompose(TextWriter& out, const SYSTEM_CONTROL_1031_PARAM& record,
-                                                 int kind)
-{
-    if (isResponse(kind))
-        container(out, "RESPONSE_PARAM", [&](TextWriter& side) { mediaAbilities(side, record); });
-    return 0;
-}
-
-int SystemControl_GetMediaAbality_MessageAnalysis(Message& message, void** result)
-{
-    return analyseElement(message, result, {__func__, true}, "RESPONSE_PARAM", SYSTEM_CONTROL_1031_PARAM_init,
-                          mediaAbilities);
-}
-
-int SystemControl_GetIpcKeyFrame_MessageCompose(TextWriter& out, const SYSTEM_CONTROL_1032_PARAM& record,
-                                                int kind)
-{
-    if (!isRequest(kind))
-        return 0;
-    if (record.bSendIpc != 0 && record.bSendIpc != 1) {
-        ZelProtocolLogInfo("%s unknow bSendIpc:%d\n", __func__, record.bSendIpc);
-        return 0;
-    }
-    element(out, "REQUEST_PARAM", [&](TextWriter& side) {
-        if (record.bSendIpc == 0) {
-            attribute(side, "ChannelId", record.ChannelId);
-            attribute(side, "StreamIndex", record.StreamIndex);
-        } else {
-            attribute(side, "Camera", record.ChannelId);
-            attribute(side, "Stream", record.StreamIndex);
-        }
-    });
-    return 0;
-}
-
-// The name of each number is found out by itself, and 0 is never set.
-int SystemControl_GetIpcKeyFrame_MessageAnalysis(Message& message, void** result)
-{
-    return analyseElement(message, result, {__func__, true}, "REQUEST_PARAM", SYSTEM_CONTROL_1032_PARAM_init,
-                          [](auto& side, auto& record) {
-                              if (!readNumber(side, "ChannelId", record.ChannelId)) {
-                                  attribute(side, "Camera", record.ChannelId);
-                                  record.bSendIpc = 1;
-                              }
-                              if (!readNumber(side, "StreamIndex", record.StreamIndex)) {
-                                  attribute(side, "Stream", record.StreamIndex);
-                                  record.bSendIpc = 1;
-                              }
-                          });
-}
-
-int SystemControl_SetIpcUserdevdata_MessageCompose(TextWriter& out, const SYSTEM_CONTROL_1033_PARAM& record,
-                                                   int kind)
-{
-    if (isRequest(kind))
-        element(out, "REQUEST_PARAM", [&](TextWriter& side) { userData(side, record); });
-    return 0;
-}
-
-int SystemControl_SetIpcUserdevdata_MessageAnalysis(Message& message, void** result)
-{
-    return analyseElement(message, result, {__func__, true}, "REQUEST_PARAM", SYSTEM_CONTROL_1033_PARAM_init,
-                          userData);
-}
-
-int SystemControl_GetIpcUserdevdata_MessageCompose(TextWriter& out, const SYSTEM_CONTROL_1034_PARAM& record,
-                                                   int kind)
-{
-    if (!isRequest(kind))
-        element(out, "RESPONSE_PARAM", [&](TextWriter& side) { userData(side, record); });
-    return 0;
-}
-
-int SystemControl_GetIpcUserdevdata_MessageAnalysis(Message& message, void** result)
-{
-    return analyseElement(message, result, {__func__, true}, "RESPONSE_PARAM", SYSTEM_CONTROL_1034_PARAM_init,
-                          userData);
-}
-
-int SystemControl_GetNvrSystemConfig_MessageCompose(TextWriter& out, const SYSTEM_CONTROL_3000_PARAM& record,
-                                                    int kind)
-{
-    if (isResponse(kind))
-        composeSystemInfo(out, record);
-    return 0;
-}
-
-int SystemControl_GetNvrSystemConfig_MessageAnalysis(Message& message, void** result)
-{
-    return analyseElement(message, result, {__func__, true}, "SystemInfo", SYSTEM_CONTROL_3000_PARAM_init,
-                          systemInfo);
-}
+extern constexpr MessageRow kGetIpcSysVersion =
+    message<SYSTEM_CONTROL_1012_PARAM_init>(
+        "SystemControl_GetIpcSysVersion_MessageAnalysis", response<versions>(),
+        request<versionsRequest>(Kinds::kNone),
+        within<versionsOfRecorder>("SystemInfo", Kinds::kResponses, kBlankBehindName))
+        .quiet()
+        .composedBy(composeVersions);
+extern constexpr MessageRow kGetIpcSN =
+    message<SYSTEM_CONTROL_1019_PARAM_init>("SystemControl_GetIpcSN_MessageAnalysis",
+                                            response<serialNumber>())
+        .quiet();
+extern constexpr MessageRow kGetSysAbality =
+    message<SYSTEM_CONTROL_1020_PARAM_init>("SystemControl_GetSysAbality_MessageAnalysis",
+                                            over<abilities>("RESPONSE_PARAM", Kinds::kResponses),
+                                            body<bareAbilities>(Kinds::kNone))
+        .quiet()
+        .analysedBy(analyseAbilities);
+extern constexpr MessageRow kGetDeviceType =
+    message<SYSTEM_CONTROL_1030_PARAM_init>("SystemControl_GetDeviceType_MessageAnalysis",
+                                            response<deviceType>())
+        .quiet();
+extern constexpr MessageRow kGetMediaAbality =
+    message<SYSTEM_CONTROL_1031_PARAM_init>("SystemControl_GetMediaAbality_MessageAnalysis",
+                                            response<mediaAbilities>(Kinds::kResponses, kElements))
+        .quiet();
+extern constexpr MessageRow kGetIpcKeyFrame =
+    message<SYSTEM_CONTROL_1032_PARAM_init>("SystemControl_GetIpcKeyFrame_MessageAnalysis",
+                                            request<keyFrame>())
+        .quiet()
+        .composedBy(composeKeyFrame);
+extern constexpr MessageRow kSetIpcUserdevdata =
+    message<SYSTEM_CONTROL_1033_PARAM_init>("SystemControl_SetIpcUserdevdata_MessageAnalysis",
+                                            request<userData>())
+        .quiet();
+extern constexpr MessageRow kGetIpcUserdevdata =
+    message<SYSTEM_CONTROL_1034_PARAM_init>("SystemControl_GetIpcUserdevdata_MessageAnalysis",
+                                            response<userData>(Kinds::kNotRequests))
+        .quiet();
+extern constexpr MessageRow kGetNvrSystemConfig =
+    message<SYSTEM_CONTROL_3000_PARAM_init>(
+        "SystemControl_GetNvrSystemConfig_MessageAnalysis",
+        within<systemInfo>("SystemInfo", Kinds::kResponses, kBlankBehindName))
+        .quiet();
 
 } // namespace zel
 
@@ -328,10 +256,7 @@ int SYSTEM_CONTROL_1033_PARAM_init(SYSTEM_CONTROL_1033_PARAM* param)
     return zel::initRecord(param, [](auto& record) { zel::clear(record); });
 }
 
-int SYSTEM_CONTROL_1034_PARAM_init(SYSTEM_CONTROL_1034_PARAM* param)
-{
-    return SYSTEM_CONTROL_1033_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(SYSTEM_CONTROL_1034_PARAM, SYSTEM_CONTROL_1033_PARAM)
 
 int SYSTEM_CONTROL_3000_PARAM_init(SYSTEM_CONTROL_3000_PARAM* param)
 {
@@ -349,50 +274,16 @@ int SystemControl_GetSysAbality_MessageCompose(const SYSTEM_CONTROL_1020_PARAM* 
         return ZEL_ERR_BAD_PARAM;
     }
     zel::TextWriter out(buf, static_cast<size_t>(len) - 1);
-    return zel::finishBody(out, zel::SystemControl_GetSysAbality_MessageCompose(out, *record, kind));
+    zel::Outbound outbound{out, record, kind, {}};
+    return zel::finishBody(out, zel::compose(zel::kGetSysAbality, outbound));
 }
 
-int SystemControl_GetIpcSysVersion_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemControl_GetIpcSysVersion_MessageAnalysis>(text, result);
-}
-
-int SystemControl_GetIpcSN_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemControl_GetIpcSN_MessageAnalysis>(text, result);
-}
-
-int SystemControl_GetSysAbality_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemControl_GetSysAbality_MessageAnalysis>(text, result);
-}
-
-int SystemControl_GetDeviceType_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemControl_GetDeviceType_MessageAnalysis>(text, result);
-}
-
-int SystemControl_GetMediaAbality_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemControl_GetMediaAbality_MessageAnalysis>(text, result);
-}
-
-int SystemControl_GetIpcKeyFrame_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemControl_GetIpcKeyFrame_MessageAnalysis>(text, result);
-}
-
-int SystemControl_SetIpcUserdevdata_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemControl_SetIpcUserdevdata_MessageAnalysis>(text, result);
-}
-
-int SystemControl_GetIpcUserdevdata_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemControl_GetIpcUserdevdata_MessageAnalysis>(text, result);
-}
-
-int SystemControl_GetNvrSystemConfig_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemControl_GetNvrSystemConfig_MessageAnalysis>(text, result);
-}
+ZEL_EXPORT_ANALYSIS(SystemControl_GetIpcSysVersion, kGetIpcSysVersion)
+ZEL_EXPORT_ANALYSIS(SystemControl_GetIpcSN, kGetIpcSN)
+ZEL_EXPORT_ANALYSIS(SystemControl_GetSysAbality, kGetSysAbality)
+ZEL_EXPORT_ANALYSIS(SystemControl_GetDeviceType, kGetDeviceType)
+ZEL_EXPORT_ANALYSIS(SystemControl_GetMediaAbality, kGetMediaAbality)
+ZEL_EXPORT_ANALYSIS(SystemControl_GetIpcKeyFrame, kGetIpcKeyFrame)
+ZEL_EXPORT_ANALYSIS(SystemControl_SetIpcUserdevdata, kSetIpcUserdevdata)
+ZEL_EXPORT_ANALYSIS(SystemControl_GetIpcUserdevdata, kGetIpcUserdevdata)
+ZEL_EXPORT_ANALYSIS(SystemControl_GetNvrSystemConfig, kGetNvrSystemConfig)

@@ -25,28 +25,9 @@ struct Inbound
 
 int analyseFamily(Message& message, std::string_view type, std::string_view code, void** result)
 {
-    if (isHeartbeat(type, code))
-        return GetMessageHeaderEx(message, result);
-    if (type == "USER_AUTH_MESSAGE")
-        return UserAuthMessageAnalysis(message, result);
-    if (type == "SYSTEM_SEARCHIPC_MESSAGE")
-        return SystemSearchipcMessageAnalysis(message, code, result);
-    if (type == "LIVE_STREAM_MESSAGE")
-        return LiveStreamMessageAnalysis(message, code, result);
-    if (type == "MEDIA_DATA_MESSAGE")
-        return MediaDataMessageAnalysis(message, code, result);
-    if (type == "NVR_REPLAY_MESSAGE")
-        return NvrReplayMessageAnalysis(message, code, result);
-    if (type == "PTZ_CONTROL_MESSAGE")
-        return PtzControlMessageAnalysis(message, result);
-    if (type == "ALARM_REPORT_MESSAGE")
-        return AlarmReportMessageAnalysis(message, result);
-    if (type == "SYSTEM_CONTROL_MESSAGE")
-        return SystemControlMessageAnalysis(message, code, result);
-    if (type == "SYSTEM_CONFIG_GET_MESSAGE" || type == "SYSTEM_CONFIG_SET_MESSAGE")
-        return SystemConfigMessageAnalysis(message, code, result);
-    if (type == "OPEN_DBG_MESSAGE" || type == "CLOSE_DBG_MESSAGE")
-        return 0;
+    const Family* const family = findFamily(type, code);
+    if (family && family->analyse)
+        return family->analyse(*family, message, code, result);
     ZelProtocolLogError("ZelProtocolMSGAnalysisStart deal a unknow Msg_type:%.*s Msg_code:%.*s !!!\n",
                         printedLength(type), type.data(), printedLength(code), code.data());
     return ZEL_ERR_UNKNOWN_MSG;
@@ -58,19 +39,24 @@ int giveTransparent(const Message& message, const Inbound& inbound, const Elemen
 {
     TRANSPARENT_HEADER* record = nullptr;
     memset(inbound.header.Msg_type, 0, sizeof inbound.header.Msg_type);
-    readText(element, "Trans_Type", inbound.header.Msg_type, sizeof inbound.header.Msg_type);
+    TreeReader side(element);
+    attribute(side, "Trans_Type", inbound.header.Msg_type);
     const size_t start = find(message.text, kMessageHeaderTag);
     if (start == std::string_view::npos)
         return ZEL_ERR_NO_ENVELOPE;
     const size_t length = message.received - start;
     if (length > sizeof record->acTransData)
         return ZEL_ERR_BUFFER_SMALL;
-    const int status = giveRecord(inbound.result, TRANSPARENT_HEADER_init, [&](TRANSPARENT_HEADER& header) {
-        readTransparentHeader(element, header);
-        memcpy(header.acTransData, message.text.data() + start, length);
-        header.iTransDataLen = static_cast<int32_t>(length);
-    });
-    return status != 0 ? status : static_cast<int>(length);
+    if (!inbound.result)
+        return ZEL_ERR_BAD_PARAM;
+    record = static_cast<TRANSPARENT_HEADER*>(takeRecord(kTransparent.record));
+    if (!record)
+        return ZEL_ERR_NO_MEMORY;
+    readTransparentHeader(element, *record);
+    memcpy(record->acTransData, message.text.data() + start, length);
+    record->iTransDataLen = static_cast<int32_t>(length);
+    *inbound.result = record;
+    return static_cast<int>(length);
 }
 
 int analyseMessage(Message& message, const Inbound& inbound)

@@ -1,23 +1,17 @@
-// Attributes, one function for each value form, overloaded on the text side: towards a TextWriter it appends
-// the attribute's line, towards an ElementReader it reads into the field and leaves it as it was if the
-// attribute is missing. So a list of attributes is written down once and serves both directions.
+// Attributes, one function for each value form: it appends the attribute's line, reads the value into the
+// field (which stays as it was if there is none), or shows the field to a visitor. So a list of attributes is
+// written down and compiled once and serves whatever runs over it.
 //
 // The field's type decides the form: int32_t %d, uint32_t %u, uint8_t %u, uint64_t %llu, float %f, char[N]
 // text of at most N bytes. A form that isn't the type's own has a name of its own.
 #ifndef ZEL_CORE_ATTRIBUTES_H
 #define ZEL_CORE_ATTRIBUTES_H
 
-#include <type_traits>
+#include <string_view>
 
-#include "core/element_reader.h"
-#include "core/scan.h"
-#include "core/text_writer.h"
+#include "core/side.h"
 
 namespace zel {
-
-// True where a shared list writes: for the few places where the directions differ.
-template <class Side>
-constexpr bool kWrites = std::is_same_v<std::remove_cv_t<std::remove_reference_t<Side>>, TextWriter>;
 
 // --- The absent value ----------------------------------------------------------------------------
 
@@ -43,305 +37,197 @@ bool isSet(const char (&text)[N])
     return text[0] != '\0';
 }
 
-// --- Lines ---------------------------------------------------------------------------------------
-
-// Appends Name="value" and a line feed, or what fits of it.
-void appendLine(TextWriter& out, const char* name, size_t nameLength, const char* value, size_t length);
-
-// The same in one step; print(at) prints the value in at most `longest` bytes, no more than Room, and returns
-// its end.
-template <size_t Room = 128, size_t N, class Print>
-void writeLine(TextWriter& out, const char (&name)[N], size_t longest, Print print)
+// Whether any field of several is.
+template <class... Fields>
+bool isAnySet(const Fields&... fields)
 {
-    constexpr size_t kAround = N - 1 + sizeof("=\"\"\n") - 1;
-    if (out.left() >= kAround + longest) {
-        char* at = out.cursor;
-        memcpy(at, name, N - 1);
-        at += N - 1;
-        *at++ = '=';
-        *at++ = '"';
-        at = print(at);
-        *at++ = '"';
-        *at++ = '\n';
-        out.cursor = at;
-    } else {
-        char value[Room];
-        appendLine(out, name, N - 1, value, static_cast<size_t>(print(value) - value));
-    }
-}
-
-// One body for each length of a name, shared by all attributes that have it.
-template <size_t N, class Number>
-[[gnu::noinline]] void writeNumber(TextWriter& out, const char (&name)[N], Number value)
-{
-    writeLine(out, name, kLongestNumber, [value](char* at) { return printNumber(at, value); });
-}
-
-// Most values are short: two moves that may overlap, in place of a call.
-inline void copyShort(char* to, const char* from, size_t size)
-{
-    if (size > 16) {
-        memcpy(to, from, size);
-    } else if (size >= 8) {
-        uint64_t parts[2];
-        memcpy(&parts[0], from, 8);
-        memcpy(&parts[1], from + size - 8, 8);
-        memcpy(to, &parts[0], 8);
-        memcpy(to + size - 8, &parts[1], 8);
-    } else {
-        for (size_t i = 0; i < size; ++i)
-            to[i] = from[i];
-    }
-}
-
-template <size_t N>
-[[gnu::noinline]] void writeText(TextWriter& out, const char (&name)[N], const char* value, size_t length)
-{
-    constexpr size_t kAround = N - 1 + sizeof("=\"\"\n") - 1;
-    if (out.left() >= kAround && out.left() - kAround >= length) {
-        char* at = out.cursor;
-        memcpy(at, name, N - 1);
-        at += N - 1;
-        *at++ = '=';
-        *at++ = '"';
-        copyShort(at, value, length);
-        at += length;
-        *at++ = '"';
-        *at++ = '\n';
-        out.cursor = at;
-    } else {
-        appendLine(out, name, N - 1, value, length);
-    }
-}
-
-template <size_t N>
-void writeField(TextWriter& out, const char (&name)[N], const char* value, size_t size)
-{
-    writeText(out, name, value, strnlen(value, size));
+    return (isSet(fields) || ...);
 }
 
 // --- The type's own form -------------------------------------------------------------------------
 
-template <size_t N>
-void attribute(TextWriter& out, const char (&name)[N], const int32_t& field)
-{
-    writeNumber(out, name, field);
-}
-template <size_t N>
-void attribute(TextWriter& out, const char (&name)[N], const uint32_t& field)
-{
-    writeNumber(out, name, field);
-}
-template <size_t N>
-void attribute(TextWriter& out, const char (&name)[N], const uint8_t& field)
-{
-    // Shares a body with int32_t: a byte prints alike.
-    writeNumber(out, name, int32_t{field});
-}
-template <size_t N>
-void attribute(TextWriter& out, const char (&name)[N], const uint64_t& field)
-{
-    writeNumber(out, name, field);
-}
-template <size_t N>
-[[gnu::noinline]] void attribute(TextWriter& out, const char (&name)[N], const float& field)
-{
-    writeLine(out, name, kLongestFloat, [field](char* at) { return printFloat(at, field); });
-}
-template <size_t N, size_t Size>
-void attribute(TextWriter& out, const char (&name)[N], const char (&field)[Size])
-{
-    writeField(out, name, field, Size);
-}
+void attribute(Side& side, Name name, int32_t& field);
+void attribute(Side& side, Name name, uint32_t& field);
+void attribute(Side& side, Name name, uint8_t& field);
+void attribute(Side& side, Name name, uint64_t& field);
+void attribute(Side& side, Name name, float& field);
 
-template <class Number>
-void attribute(const ElementReader& in, const char* name, Number& field)
-{
-    readNumber(in, name, field);
-}
+void textAttribute(Side& side, Name name, char* field, size_t size);
 template <size_t Size>
-void attribute(const ElementReader& in, const char* name, char (&field)[Size])
+void attribute(Side& side, Name name, char (&field)[Size])
 {
-    readText(in, name, field, Size);
+    textAttribute(side, name, field, Size);
 }
 
 // Written only if the field isn't at its absent value; read always.
-template <size_t N, class Field>
-void attributeIfSet(TextWriter& out, const char (&name)[N], const Field& field)
+void attributeIfSet(Side& side, Name name, int32_t& field);
+void attributeIfSet(Side& side, Name name, uint32_t& field);
+void attributeIfSet(Side& side, Name name, uint8_t& field);
+void attributeIfSet(Side& side, Name name, uint64_t& field);
+
+void textAttributeIfSet(Side& side, Name name, char* field, size_t size);
+template <size_t Size>
+void attributeIfSet(Side& side, Name name, char (&field)[Size])
 {
-    if (isSet(field))
-        attribute(out, name, field);
-}
-template <class Field>
-void attributeIfSet(const ElementReader& in, const char* name, Field& field)
-{
-    attribute(in, name, field);
+    textAttributeIfSet(side, name, field, Size);
 }
 
 // Written by us, never read.
-template <size_t N, class Field>
-void attributeWritten(TextWriter& out, const char (&name)[N], const Field& field)
-{
-    attribute(out, name, field);
-}
 template <class Field>
-void attributeWritten(const ElementReader&, const char*, Field&)
-{}
+void attributeWritten(Side& side, Name name, Field& field)
+{
+    if (side.writes())
+        attribute(side, name, field);
+}
 
 // Read from a peer, never written by us.
 template <class Field>
-void attributeRead(TextWriter&, const char*, const Field&)
-{}
-template <class Field>
-void attributeRead(const ElementReader& in, const char* name, Field& field)
+void attributeRead(Side& side, Name name, Field& field)
 {
-    attribute(in, name, field);
+    if (!side.writes())
+        attribute(side, name, field);
+}
+
+// The same, and tells whether there was one. While nothing is read there is none.
+bool readAttribute(Side& side, Name name, int32_t& field);
+bool readAttribute(Side& side, Name name, uint8_t& field);
+
+bool readTextAttribute(Side& side, Name name, char* field, size_t size);
+template <size_t Size>
+bool readAttribute(Side& side, Name name, char (&field)[Size])
+{
+    return readTextAttribute(side, name, field, Size);
 }
 
 // --- Other forms of one number or text -----------------------------------------------------------
 
-// An unsigned field that goes out as %d.
-template <size_t N>
-void signedAttribute(TextWriter& out, const char (&name)[N], const uint32_t& field)
-{
-    writeNumber(out, name, static_cast<int32_t>(field));
-}
-inline void signedAttribute(const ElementReader& in, const char* name, uint32_t& field)
-{
-    readNumber(in, name, field);
-}
-template <size_t N>
-void signedAttribute(TextWriter& out, const char (&name)[N], const uint64_t& field)
-{
-    // -1 at most: an int64 prints like its magnitude.
-    writeLine(out, name, kLongestNumber + 1, [field](char* at) {
-        const bool negative = field >> 63 != 0;
-        if (negative)
-            *at++ = '-';
-        return printNumber(at, negative ? 0 - field : field);
-    });
-}
-inline void signedAttribute(const ElementReader& in, const char* name, uint64_t& field)
-{
-    readNumber(in, name, field);
-}
+// An unsigned field that goes out as %d or %lld.
+void signedAttribute(Side& side, Name name, uint32_t& field);
+void signedAttribute(Side& side, Name name, uint64_t& field);
 
-// %x, read with sscanf's %x.
-template <size_t N>
-void hexAttribute(TextWriter& out, const char (&name)[N], const int32_t& field)
-{
-    writeLine(out, name, kLongestNumber,
-              [field](char* at) { return printHex(at, static_cast<uint32_t>(field)); });
-}
-void hexAttribute(const ElementReader& in, const char* name, int32_t& field);
-
-template <size_t N>
-void hexAttributeIfSet(TextWriter& out, const char (&name)[N], const int32_t& field)
-{
-    if (isSet(field))
-        hexAttribute(out, name, field);
-}
-inline void hexAttributeIfSet(const ElementReader& in, const char* name, int32_t& field)
-{
-    hexAttribute(in, name, field);
-}
+// %x or %llx, read with sscanf's.
+void hexAttribute(Side& side, Name name, int32_t& field);
+void hexAttribute(Side& side, Name name, uint64_t& field);
 
 // A number that is read with atoi: a text without one is 0, not absent.
-template <size_t N>
-void atoiAttribute(TextWriter& out, const char (&name)[N], const int32_t& field)
-{
-    writeNumber(out, name, field);
-}
-void atoiAttribute(const ElementReader& in, const char* name, int32_t& field);
-
-template <size_t N>
-void atoiAttributeIfSet(TextWriter& out, const char (&name)[N], const int32_t& field)
-{
-    attributeIfSet(out, name, field);
-}
-inline void atoiAttributeIfSet(const ElementReader& in, const char* name, int32_t& field)
-{
-    atoiAttribute(in, name, field);
-}
+void atoiAttribute(Side& side, Name name, int32_t& field);
 
 // A text that is read with strncpy: a long one fills its field to the last byte, without a terminator.
-void readWholeField(const ElementReader& in, const char* name, char* field, size_t size);
-
-template <size_t N, size_t Size>
-void wholeFieldAttribute(TextWriter& out, const char (&name)[N], const char (&field)[Size])
-{
-    writeField(out, name, field, Size);
-}
+void wholeTextAttribute(Side& side, Name name, char* field, size_t size);
 template <size_t Size>
-void wholeFieldAttribute(const ElementReader& in, const char* name, char (&field)[Size])
+void wholeFieldAttribute(Side& side, Name name, char (&field)[Size])
 {
-    readWholeField(in, name, field, Size);
+    wholeTextAttribute(side, name, field, Size);
 }
-template <size_t N, size_t Size>
-void wholeFieldAttributeIfSet(TextWriter& out, const char (&name)[N], const char (&field)[Size])
-{
-    attributeIfSet(out, name, field);
-}
+
+void signedAttributeIfSet(Side& side, Name name, uint64_t& field);
+void hexAttributeIfSet(Side& side, Name name, int32_t& field);
+void atoiAttributeIfSet(Side& side, Name name, int32_t& field);
+
+void wholeTextAttributeIfSet(Side& side, Name name, char* field, size_t size);
 template <size_t Size>
-void wholeFieldAttributeIfSet(const ElementReader& in, const char* name, char (&field)[Size])
+void wholeFieldAttributeIfSet(Side& side, Name name, char (&field)[Size])
 {
-    readWholeField(in, name, field, Size);
+    wholeTextAttributeIfSet(side, name, field, Size);
 }
 
-// --- Several numbers in one value, read with sscanf ----------------------------------------------
-
-// A number, how it is printed, and what stands between it and the one before.
-enum class Digits
+// Written with a blank in front of the equals sign.
+void attributeBehindBlank(Side& side, Name name, int32_t& field);
+void textAttributeBehindBlank(Side& side, Name name, char* field, size_t size);
+template <size_t Size>
+void attributeBehindBlank(Side& side, Name name, char (&field)[Size])
 {
-    kPlain,
-    kTwo
+    textAttributeBehindBlank(side, name, field, Size);
+}
+
+// Written with another value than the field's own.
+void attributeAs(Side& side, Name name, int32_t& field, int32_t written);
+
+// --- Odd places ----------------------------------------------------------------------------------
+
+// A text that only goes out, as it stands.
+void appendRaw(Side& side, Name text);
+
+// The next attribute goes to the line of the one before.
+void onSameLine(Side& side);
+
+// Takes back the line feed behind an attribute: the tag goes on directly behind its quote.
+void endAtQuote(Side& side);
+
+// A name with a number in it, from 0 to 99, for as long as the object lives.
+struct NumberedName
+{
+    NumberedName(Name before, size_t number, Name behind = "");
+
+    operator Name() const
+    {
+        return {text, length};
+    }
+
+    char text[48];
+    size_t length;
 };
 
-char* printNumbers(char* at, Digits digits, char separator, const int32_t* numbers, size_t count);
-// Tells whether the attribute is there.
-bool readNumbers(const ElementReader& in, const char* name, char separator, int32_t* numbers, size_t count);
+// --- Several values in one -----------------------------------------------------------------------
 
-template <size_t N, size_t Count>
-void numbersAttribute(TextWriter& out, const char (&name)[N], Digits digits, char separator,
-                      const int32_t (&numbers)[Count])
+// A form of `count` items that lie one behind the other.
+struct ValueForm
 {
-    constexpr size_t kLongest = Count * (kLongestNumber + 1);
-    writeLine<kLongest>(out, name, kLongest,
-                        [&](char* at) { return printNumbers(at, digits, separator, numbers, Count); });
-}
-template <size_t Count>
-void numbersAttribute(const ElementReader& in, const char* name, Digits, char separator,
-                      int32_t (&numbers)[Count])
-{
-    readNumbers(in, name, separator, numbers, Count);
-}
+    ZEL_FORM form;
+    size_t longest; // bytes that an item may have when it is printed
+    char* (*print)(char* at, const void* items, size_t count);
+    void (*scan)(std::string_view value, void* items, size_t count);
+};
 
-// A time of day: hour, minute, second as %02d:%02d:%02d.
-template <class Side, size_t N, class Time>
-void timeAttribute(Side& side, const char (&name)[N], Time& time)
-{
-    numbersAttribute(side, name, Digits::kTwo, ':', time);
-}
+// Room for whatever a form prints.
+constexpr size_t kLongestValue = 1024;
 
-// The same as %d:%d:%d.
-template <class Side, size_t N, class Time>
-void plainTimeAttribute(Side& side, const char (&name)[N], Time& time)
-{
-    numbersAttribute(side, name, Digits::kPlain, ':', time);
-}
+// While nothing is written it tells whether there was a value to read.
+bool valueAttribute(Side& side, Name name, const ValueForm& form, void* items, size_t size, size_t count);
 
-// Two bounds, or any list of fixed length, as %d,%d.
-template <class Side, size_t N, class Range>
-void rangeAttribute(Side& side, const char (&name)[N], Range& range)
+// Where a value is read in plain code: the text of an attribute, if there is one.
+bool readValue(Side& side, Name name, ZEL_FORM form, void* field, size_t size, std::string_view& value);
+
+extern const ValueForm kClock;      // %02d:%02d:%02d
+extern const ValueForm kPlainClock; // %d:%d:%d
+extern const ValueForm kWeekClock;  // %2d:%2d:%2d:%2d:%2d
+extern const ValueForm kNumbers;    // %d,%d and longer
+extern const ValueForm kBrackets;   // [%d,%d]
+extern const ValueForm kResolution; // %d*%d
+
+// All members of an array, or of a structure of numbers alone.
+template <class Numbers>
+bool numbersAttribute(Side& side, Name name, const ValueForm& form, Numbers& numbers)
 {
-    numbersAttribute(side, name, Digits::kPlain, ',', range);
+    static_assert(sizeof numbers % sizeof(int32_t) == 0);
+    return valueAttribute(side, name, form, &numbers, sizeof numbers, sizeof numbers / sizeof(int32_t));
 }
 
-// Width and height as %d*%d.
-template <class Side, size_t N, class Resolution>
-void resolutionAttribute(Side& side, const char (&name)[N], Resolution& resolution)
+// A time of day: hour, minute and second.
+template <class Time>
+void timeAttribute(Side& side, Name name, Time& time)
 {
-    numbersAttribute(side, name, Digits::kPlain, '*', resolution);
+    static_assert(sizeof time == 3 * sizeof(int32_t));
+    numbersAttribute(side, name, kClock, time);
+}
+template <class Time>
+void plainTimeAttribute(Side& side, Name name, Time& time)
+{
+    static_assert(sizeof time == 3 * sizeof(int32_t));
+    numbersAttribute(side, name, kPlainClock, time);
+}
+
+// Two bounds, or any list of fixed length.
+template <class Range>
+void rangeAttribute(Side& side, Name name, Range& range)
+{
+    numbersAttribute(side, name, kNumbers, range);
+}
+
+// Width and height. Tells whether there was one to read.
+inline bool resolutionAttribute(Side& side, Name name, int32_t (&resolution)[2])
+{
+    return numbersAttribute(side, name, kResolution, resolution);
 }
 
 } // namespace zel

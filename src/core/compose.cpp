@@ -1,8 +1,8 @@
 #include <climits>
 
 #include "core/families.h"
+#include "core/header.h"
 #include "core/scratch.h"
-#include "core/transparent_list.h"
 #include "zel_platform/codec.h"
 #include "zel_platform/log.h"
 
@@ -100,11 +100,12 @@ int failedEncryption(int status)
     return status;
 }
 
-int composeTransparent(const Frame& frame, const TRANSPARENT_HEADER& header)
+int composeTransparent(const Frame& frame, TRANSPARENT_HEADER& header)
 {
     TextWriter out = frame.text();
     out.append("<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n");
-    element(out, "TRANSPARENT_HEADER", [&](TextWriter& side) { transparentAttributes(side, header); });
+    if (const Element wrapper = element(out, "TRANSPARENT_HEADER"))
+        transparentHeader(out, header);
     if (header.iTransDataLen < 0 || static_cast<size_t>(header.iTransDataLen) > sizeof header.acTransData)
         return ZEL_ERR_BUFFER_SMALL;
     out.append(header.acTransData, static_cast<size_t>(header.iTransDataLen));
@@ -118,80 +119,47 @@ int composeTransparent(const Frame& frame, const TRANSPARENT_HEADER& header)
 }
 
 // One message on its way out.
-struct Outbound
+struct Envelope
 {
     const ZEL_PROTOCOL_HEADER& header;
     std::string_view type;
     std::string_view code;
+    const Family* family; // null: unknown
     const void* record;
     int kind;
-    bool isHeartbeat;
     int extraLength; // raw bytes that the family announces
 };
 
-// What families write into MESSAGE_HEADER.
-void composeHeaderAttributes(const Outbound& message, TextWriter& out)
+int composeFamily(Envelope& message, TextWriter& out)
 {
-    if (message.isHeartbeat)
-        heartbeatHeader(out, message.record);
-    else if (message.type == "LIVE_STREAM_MESSAGE")
-        liveStreamHeader(out, message.record, message.kind, message.code);
-}
-
-int composeFamily(Outbound& message, TextWriter& out)
-{
-    const std::string_view type = message.type;
-    const std::string_view code = message.code;
-    const void* const record = message.record;
-    const int kind = message.kind;
-
-    if (message.isHeartbeat)
-        return 0;
-    if (type == "USER_AUTH_MESSAGE")
-        return UserAuthMessageCompose(out, record, kind);
-    if (type == "SYSTEM_SEARCHIPC_MESSAGE")
-        return SystemSearchipcMessageCompose(out, record, kind, code);
-    if (type == "LIVE_STREAM_MESSAGE")
-        return LiveStreamMessageCompose(out, record, kind, code);
-    if (type == "MEDIA_DATA_MESSAGE")
-        return MediaDataMessageCompose(out, record, kind, code, message.extraLength);
-    if (type == "NVR_REPLAY_MESSAGE")
-        return NvrReplayMessageCompose(out, record, kind, code);
-    if (type == "PTZ_CONTROL_MESSAGE") {
-        if (code == "PTZ_CMD")
-            return PtzControlMessageCompose(out, record, kind);
-        ZelProtocolLogError("PTZ_CONTROL_MESSAGE deal a unknow Msg_code:%.*s !!!\n", printedLength(code),
-                            code.data());
+    if (!message.family || !message.family->compose) {
+        ZelProtocolLogError("ZelProtocolXMLCompose deal a unknow Msg_type:%.*s Msg_code:%.*s !!!\n",
+                            printedLength(message.type), message.type.data(), printedLength(message.code),
+                            message.code.data());
         return ZEL_ERR_UNKNOWN_MSG;
     }
-    if (type == "ALARM_REPORT_MESSAGE")
-        return code == "CMD_REPORT_ALARM" ? AlarmReportMessageCompose(out, record, kind, message.extraLength)
-                                          : ZEL_ERR_UNKNOWN_MSG;
-    if (type == "SYSTEM_CONTROL_MESSAGE")
-        return SystemControlMessageCompose(out, record, kind, code);
-    if (type == "SYSTEM_CONFIG_GET_MESSAGE" || type == "SYSTEM_CONFIG_SET_MESSAGE")
-        return SystemConfigMessageCompose(out, record, kind, code);
-    if (type == "OPEN_DBG_MESSAGE" || type == "CLOSE_DBG_MESSAGE")
-        return 0;
-    ZelProtocolLogError("ZelProtocolXMLCompose deal a unknow Msg_type:%.*s Msg_code:%.*s !!!\n",
-                        printedLength(type), type.data(), printedLength(code), code.data());
-    return ZEL_ERR_UNKNOWN_MSG;
+    Outbound outbound{out, message.record, message.kind, message.code};
+    const int status = message.family->compose(*message.family, outbound);
+    message.extraLength = outbound.extraLength;
+    return status;
 }
 
 // Appends the envelope, header and body in one go, and tells how it went.
-int ZelProtocolMessageBufCompose(Outbound& message, TextWriter& out, size_t bodyBuffer)
+int ZelProtocolMessageBufCompose(Envelope& message, TextWriter& out, size_t bodyBuffer)
 {
     const ZEL_PROTOCOL_HEADER& header = message.header;
     out.append("<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n<MESSAGE_HEADER\n");
-    writeText(out, "Msg_type", message.type.data(), message.type.size());
-    writeText(out, "Msg_code", message.code.data(), message.code.size());
-    attribute(out, "Msg_flag", header.Msg_flag);
+    // The library only reads a header that it writes out.
+    auto& fields = const_cast<ZEL_PROTOCOL_HEADER&>(header);
+    attribute(out, "Msg_type", fields.Msg_type);
+    attribute(out, "Msg_code", fields.Msg_code);
+    attribute(out, "Msg_flag", fields.Msg_flag);
 
     const size_t headerStart = out.length();
-    attributeIfSet(out, "Msg_uuid", header.Msg_uuid);
-    attributeIfSet(out, "Msg_chn", header.Msg_chn);
-    if (message.record)
-        composeHeaderAttributes(message, out);
+    attributeIfSet(out, "Msg_uuid", fields.Msg_uuid);
+    attributeIfSet(out, "Msg_chn", fields.Msg_chn);
+    if (message.record && message.family && message.family->composeHeader)
+        message.family->composeHeader(out, message.record, message.kind, message.code);
     if (out.length() != headerStart)
         out.append("\n");
     out.append("/>\n<MESSAGE_BODY>\n");
@@ -208,7 +176,7 @@ int ZelProtocolMessageBufCompose(Outbound& message, TextWriter& out, size_t body
 }
 
 // Composes into `out`; 0, or the status of the family.
-int composeText(Outbound& message, TextWriter& out, size_t bodyBuffer)
+int composeText(Envelope& message, TextWriter& out, size_t bodyBuffer)
 {
     const int status = ZelProtocolMessageBufCompose(message, out, bodyBuffer);
     if (status != 0) {
@@ -226,7 +194,7 @@ int composeText(Outbound& message, TextWriter& out, size_t bodyBuffer)
     return 0;
 }
 
-int composeBare(Outbound& message, char* buffer, size_t size, size_t bodyBuffer)
+int composeBare(Envelope& message, char* buffer, size_t size, size_t bodyBuffer)
 {
     TextWriter out(buffer, size);
     if (const int status = composeText(message, out, bodyBuffer))
@@ -237,7 +205,7 @@ int composeBare(Outbound& message, char* buffer, size_t size, size_t bodyBuffer)
     return static_cast<int>(out.length());
 }
 
-int composeFramed(Outbound& message, const Frame& frame, size_t bodyBuffer)
+int composeFramed(Envelope& message, const Frame& frame, size_t bodyBuffer)
 {
     TextWriter out = frame.text();
     if (const int status = composeText(message, out, bodyBuffer))
@@ -269,12 +237,12 @@ int ZelProtocolXMLCompose(const ZEL_PROTOCOL_HEADER* header, const void* record,
     const Frame frame{iCodecMode, iCodecArg, outBuf, size};
     const std::string_view type = textOf(header->Msg_type);
     const std::string_view code = textOf(header->Msg_code);
-    Outbound message{*header, type, code, record, kind, isHeartbeat(type, code), 0};
-    if (message.type == "TRANSPARENT_CHANNEL_MSG" && record)
-        return composeTransparent(frame, *static_cast<const TRANSPARENT_HEADER*>(record));
+    if (type == "TRANSPARENT_CHANNEL_MSG" && record)
+        return composeTransparent(frame, *static_cast<TRANSPARENT_HEADER*>(const_cast<void*>(record)));
 
     const size_t bodyBuffer = size > kLeastBodyBuffer ? size : kLeastBodyBuffer;
-    if (message.type == "SYSTEM_SEARCHIPC_MESSAGE" || message.type == "IPC_REPAIR_MESSAGE")
+    Envelope message{*header, type, code, findFamily(type, code), record, kind, 0};
+    if (type == "IPC_REPAIR_MESSAGE" || (message.family && message.family->isBare))
         return composeBare(message, outBuf, size, bodyBuffer);
     return composeFramed(message, frame, bodyBuffer);
 }

@@ -2,9 +2,7 @@
 #ifndef ZEL_CORE_ELEMENT_READER_H
 #define ZEL_CORE_ELEMENT_READER_H
 
-#include <cstddef>
-#include <cstdint>
-
+#include "core/side.h"
 #include "zel_platform/xml.h"
 
 namespace zel {
@@ -17,8 +15,14 @@ struct ElementReader
         return node != nullptr;
     }
 
-    ElementReader child(const char* name) const;
-    ElementReader next(const char* name) const;
+    ElementReader child(const char* name) const
+    {
+        return {parser, parser->FirstChildElement(node, name)};
+    }
+    ElementReader next(const char* name) const
+    {
+        return {parser, parser->NextSiblingElement(node, name)};
+    }
 
     // The attribute's value, or null.
     char* value(const char* name) const
@@ -36,17 +40,29 @@ struct ElementReader
     void* node = nullptr;
 };
 
-// Each reads one attribute, leaves the field as it was if there is none, and tells whether there was.
-bool readNumber(const ElementReader& in, const char* name, int32_t& field);
-bool readNumber(const ElementReader& in, const char* name, uint32_t& field);
-bool readNumber(const ElementReader& in, const char* name, uint8_t& field);
-bool readNumber(const ElementReader& in, const char* name, uint64_t& field);
-bool readNumber(const ElementReader& in, const char* name, float& field);
-bool readText(const ElementReader& in, const char* name, char* field, size_t size);
+// The element that a list stands in.
+struct TreeReader : Side
+{
+    explicit TreeReader(const ElementReader& element)
+        : Side(Kind::kTree, false, true, nullptr, 0), at(element)
+    {}
 
-// The same for the element's own text.
-bool readOwnNumber(const ElementReader& in, int32_t& field);
-bool readOwnText(const ElementReader& in, char* field, size_t size);
+    ElementReader at;
+    size_t missing = 0; // attributes that weren't there, or had no number
+};
+
+inline bool isTree(const Side& side)
+{
+    return side.kind == Side::Kind::kTree;
+}
+inline TreeReader& readerOf(Side& side)
+{
+    return static_cast<TreeReader&>(side);
+}
+inline Visitor& visitorOf(Side& side)
+{
+    return static_cast<Visitor&>(side);
+}
 
 } // namespace zel
 

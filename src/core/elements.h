@@ -1,5 +1,9 @@
-// Elements around attributes, in the same manner: towards a TextWriter an element's tags are appended around
-// what fill(side) appends, towards an ElementReader fill(element) is called if the element is there.
+// Elements around attributes, in the same manner: an element is open for as long as its object lives, and is
+// false where there is none to read.
+//
+//     if (const Element time = element(side, "NTPConfig")) {
+//         attribute(side, "ServerIP", record.ServerIP);
+//     }
 #ifndef ZEL_CORE_ELEMENTS_H
 #define ZEL_CORE_ELEMENTS_H
 
@@ -7,96 +11,136 @@
 
 namespace zel {
 
-template <size_t N>
-[[gnu::noinline]] void openElement(TextWriter& out, const char (&name)[N])
+// How an element is written: its name, each attribute and its close on lines of their own, or in these ways.
+// One that is read may have any.
+enum Tags : uint8_t
 {
-    out.append("<", name, "\n");
-}
-[[gnu::noinline]] inline void closeElement(TextWriter& out)
+    kAttributes = 0,
+    kElements = 1,        // <Name> and </Name> around elements
+    kBoth = 2,            // attributes, then elements(), then </Name>
+    kBlankBehindName = 4, // <Name and a blank
+    kOnLine = 8,          // the first attribute stands on the tag's line, and the tag ends there
+    kAtQuote = 16,        // the tag ends directly behind the last quote
+    kBlankAtEnd = 32,     // a blank before the tag's end
+    kNoLineFeed = 64,     // no line feed behind the tag
+    kCarriageReturn = 128 // the name's line ends in a carriage return and a line feed
+};
+
+constexpr Tags operator|(Tags a, Tags b)
 {
-    out.append("/>\n");
-}
-template <size_t N>
-[[gnu::noinline]] void openTag(TextWriter& out, const char (&name)[N])
-{
-    out.append("<", name, ">\n");
-}
-template <size_t N>
-[[gnu::noinline]] void closeTag(TextWriter& out, const char (&name)[N])
-{
-    out.append("</", name, ">\n");
+    return static_cast<Tags>(static_cast<uint8_t>(a) | static_cast<uint8_t>(b));
 }
 
-// An element of attributes: its name, each attribute and its close on lines of their own.
-template <size_t N, class Fill>
-void element(TextWriter& out, const char (&name)[N], Fill fill)
+class [[nodiscard]] Element
 {
-    openElement(out, name);
-    fill(out);
-    closeElement(out);
-}
-template <class Fill>
-void element(const ElementReader& parent, const char* name, Fill fill)
-{
-    if (const ElementReader found = parent.child(name))
-        fill(found);
-}
-
-// The same, but closed directly behind the last attribute's quote.
-template <size_t N, class Fill>
-void elementClosedAtQuote(TextWriter& out, const char (&name)[N], Fill fill)
-{
-    openElement(out, name);
-    fill(out);
-    out.takeBack();
-    closeElement(out);
-}
-template <class Fill>
-void elementClosedAtQuote(const ElementReader& parent, const char* name, Fill fill)
-{
-    element(parent, name, fill);
-}
-
-// Written only if there is something to write; read always.
-template <class Side, size_t N, class Fill>
-void elementIf(bool written, Side& side, const char (&name)[N], Fill fill)
-{
-    if (!kWrites<Side> || written)
-        element(side, name, fill);
-}
-
-// An element of elements: opening and closing tag on lines of their own.
-template <size_t N, class Fill>
-void container(TextWriter& out, const char (&name)[N], Fill fill)
-{
-    openTag(out, name);
-    fill(out);
-    closeTag(out, name);
-}
-template <class Fill>
-void container(const ElementReader& parent, const char* name, Fill fill)
-{
-    element(parent, name, fill);
-}
-
-// An element with attributes first and elements in it: the open tag is finished by > alone on its line.
-template <size_t N, class Attributes, class Fill>
-void containerWithAttributes(TextWriter& out, const char (&name)[N], Attributes attributes, Fill fill)
-{
-    openElement(out, name);
-    attributes(out);
-    out.append(">\n");
-    fill(out);
-    closeTag(out, name);
-}
-template <class Attributes, class Fill>
-void containerWithAttributes(const ElementReader& parent, const char* name, Attributes attributes, Fill fill)
-{
-    if (const ElementReader found = parent.child(name)) {
-        attributes(found);
-        fill(found);
+public:
+    Element(Side& side, Name name, Tags tags);
+    // None.
+    explicit Element(Side& side) : side_(side), name_(""), tags_(kAttributes), outer_(nullptr) {}
+    ~Element()
+    {
+        if (outer_)
+            close();
     }
+    Element(const Element&) = delete;
+    Element& operator=(const Element&) = delete;
+
+    explicit operator bool() const
+    {
+        return outer_ != nullptr;
+    }
+
+    // Behind the attributes of an element that has elements too.
+    void elements() const;
+
+private:
+    void close();
+
+    Side& side_;
+    const Name name_;
+    const Tags tags_;
+    void* outer_; // where a reader goes on behind it; null: there is no such element
+};
+
+inline Element element(Side& side, Name name, Tags tags = kAttributes)
+{
+    return Element(side, name, tags);
 }
+
+inline Element container(Side& side, Name name)
+{
+    return Element(side, name, kElements);
+}
+
+// Written only if the condition holds; read always.
+inline Element elementIf(bool condition, Side& side, Name name, Tags tags = kAttributes)
+{
+    return side.takes(condition) ? Element(side, name, tags) : Element(side);
+}
+
+// Elements one behind the other, each closed by the next one or by the object's end. The first is looked for
+// among the children, any other one behind the one before.
+class Siblings
+{
+public:
+    explicit Siblings(Side& side, Tags tags = kAttributes) : side_(side), tags_(tags), name_("") {}
+    ~Siblings()
+    {
+        if (outer_)
+            close();
+    }
+    Siblings(const Siblings&) = delete;
+    Siblings& operator=(const Siblings&) = delete;
+
+    bool next(Name name);
+
+    // The same for one of a number of rows.
+    bool next(const ElementSeen& row);
+
+private:
+    void close();
+
+    Side& side_;
+    const Tags tags_;
+    Name name_;
+    void* outer_ = nullptr;
+};
+
+// --- Rows ----------------------------------------------------------------------------------------
+
+// A list for any record.
+using List = void (*)(Side& side, void* record);
+
+// An ordinary list as one for any record, and an init likewise.
+template <auto function>
+struct Erased;
+template <class Record, void (*list)(Side&, Record&)>
+struct Erased<list>
+{
+    using Type = Record;
+    static void call(Side& side, void* record)
+    {
+        list(side, *static_cast<Record*>(record));
+    }
+};
+template <class Record, int (*init)(Record*)>
+struct Erased<init>
+{
+    using Type = Record;
+    static int call(void* record)
+    {
+        return init(static_cast<Record*>(record));
+    }
+};
+template <class Row, bool (*test)(const Row&)>
+struct Erased<test>
+{
+    using Type = Row;
+    static bool call(const void* row)
+    {
+        return test(*static_cast<const Row*>(row));
+    }
+};
 
 // A count from a record or a message, as an index range of an array.
 template <class Count>
@@ -107,57 +151,71 @@ size_t clampCount(Count count, size_t size)
     return static_cast<size_t>(count) < size ? static_cast<size_t>(count) : size;
 }
 
-// Reads rows from the children of that name, in document order, until the array is full. Returns how many.
-template <class Row, size_t N, class Fill>
-size_t readRows(const ElementReader& parent, const char* name, Row (&rows)[N], Fill fill)
+// The rows that are written by a count of the record's own. The count bounds no reading.
+template <class Count, class Row, size_t N>
+size_t countedRows(const Side& side, Count count, const Row (&)[N])
+{
+    return side.takes(false) ? N : clampCount(count, N);
+}
+
+// The rows that are written up to the first that isn't in use.
+template <class Row, size_t N>
+size_t rowsInUse(const Side& side, const Row (&rows)[N], bool (*isUsed)(const Row&), size_t most = N)
 {
     size_t count = 0;
-    for (ElementReader row = parent.child(name); row && count < N; row = row.next(name))
-        fill(row, rows[count++]);
+    while (count < most && (side.takes(false) || isUsed(rows[count])))
+        ++count;
     return count;
 }
 
-// All rows of an array, each an element of attributes: fill(side, row).
-template <size_t L, class Row, size_t N, class Fill>
-void rowElements(TextWriter& out, const char (&name)[L], const Row (&rows)[N], Fill fill)
+struct Rows
 {
-    for (const Row& row : rows)
-        element(out, name, [&](TextWriter& side) { fill(side, row); });
-}
-template <class Row, size_t N, class Fill>
-void rowElements(const ElementReader& parent, const char* name, Row (&rows)[N], Fill fill)
+    void* first;
+    size_t size;
+    size_t count; // how many at most
+    List list;
+    bool (*isWritten)(const void* row); // null: every one is
+};
+
+// An element for each row: all of a number that are written, or as many as there are to read. Returns how
+// many there were.
+size_t walkRows(Side& side, Name name, const Rows& rows, Tags tags);
+
+// The first `count` rows of an array.
+template <auto list, class Row, size_t N>
+size_t rowElements(Side& side, Name name, Row (&rows)[N], size_t count = N, Tags tags = kAttributes)
 {
-    readRows(parent, name, rows, fill);
+    return walkRows(side, name, {rows, sizeof(Row), count, Erased<list>::call, nullptr}, tags);
 }
 
-// A child element that holds a number or a text, on a line of its own.
-template <size_t N>
-void textElement(TextWriter& out, const char (&name)[N], const int32_t& field)
+// The same; rows that aren't in use don't go out.
+template <auto list, auto isUsed, class Row, size_t N>
+size_t usedRowElements(Side& side, Name name, Row (&rows)[N], size_t count = N, Tags tags = kAttributes)
 {
-    out.append("<");
-    out.append(name);
-    out.append(">");
-    appendNumber(out, field);
-    closeTag(out, name);
+    return walkRows(side, name, {rows, sizeof(Row), count, Erased<list>::call, Erased<isUsed>::call}, tags);
 }
-template <size_t N, size_t Size>
-void textElement(TextWriter& out, const char (&name)[N], const char (&field)[Size])
-{
-    out.append("<");
-    out.append(name);
-    out.append(">");
-    appendText(out, field);
-    closeTag(out, name);
-}
-inline void textElement(const ElementReader& parent, const char* name, int32_t& field)
-{
-    readOwnNumber(parent.child(name), field);
-}
+
+// --- Elements that hold a text -------------------------------------------------------------------
+
+// A child element with a number or a text, on a line of its own.
+void textElement(Side& side, Name name, int32_t& field, Tags tags = kAttributes);
+void textElement(Side& side, Name name, char* field, size_t size, Tags tags = kAttributes);
 template <size_t Size>
-void textElement(const ElementReader& parent, const char* name, char (&field)[Size])
+void textElement(Side& side, Name name, char (&field)[Size], Tags tags = kAttributes)
 {
-    readOwnText(parent.child(name), field, Size);
+    textElement(side, name, field, Size, tags);
 }
+
+// The same, written only if the field isn't empty.
+template <size_t Size>
+void textElementIfSet(Side& side, Name name, char (&field)[Size])
+{
+    if (side.takes(isSet(field)))
+        textElement(side, name, field, Size);
+}
+
+// The text of the element itself; tells whether there was one to read.
+bool ownText(Side& side, char* field, size_t size);
 
 } // namespace zel
 

@@ -1,44 +1,44 @@
-// The families' dispatchers as the entry points know them, each beside the exported function of its name.
-//
-// A new family gets its two lines here, its rows in composeFamily (compose.cpp) and analyseFamily
-// (analysis.cpp), and its exported pair in a header of its own.
+// The families as the entry points know them. A new family gets its line here and its place in the table of
+// families.cpp.
 #ifndef ZEL_CORE_FAMILIES_H
 #define ZEL_CORE_FAMILIES_H
 
-#include "core/body.h"
-#include "core/message.h"
+#include "core/rows.h"
 
 namespace zel {
 
-// Composing: appends the body; the record is there. 0 or a status, which has been logged. What doesn't fit is
-// the caller's to see in `out`.
-int AlarmReportMessageCompose(TextWriter& out, const void* record, int kind, int& extraLength);
-int LiveStreamMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code);
-int MediaDataMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code,
-                            int& extraLength);
-int NvrReplayMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code);
-int PtzControlMessageCompose(TextWriter& out, const void* record, int kind);
-int SystemConfigMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code);
-int SystemControlMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code);
-int SystemSearchipcMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code);
-int UserAuthMessageCompose(TextWriter& out, const void* record, int kind);
+extern const Family kHeartbeatFamily;
+extern const Family kTransparentFamily;
+extern const Family kUserAuthFamily;
+extern const Family kSearchFamily;
+extern const Family kLiveStreamFamily;
+extern const Family kMediaDataFamily;
+extern const Family kNvrReplayFamily;
+extern const Family kPtzControlFamily;
+extern const Family kAlarmReportFamily;
+extern const Family kSystemControlFamily;
+extern const Family kSystemConfigFamily;
+extern const Family kDebugSwitchFamily;
 
-// Analysis: tests its arguments, then selects the leaf. 0 or a status, which has been logged.
-int AlarmReportMessageAnalysis(Message& message, void** result);
-int GetMessageHeaderEx(Message& message, void** result);
-int LiveStreamMessageAnalysis(Message& message, std::string_view code, void** result);
-int MediaDataMessageAnalysis(Message& message, std::string_view code, void** result);
-int NvrReplayMessageAnalysis(Message& message, std::string_view code, void** result);
-int PtzControlMessageAnalysis(Message& message, void** result);
-int SystemConfigMessageAnalysis(Message& message, std::string_view code, void** result);
-int SystemControlMessageAnalysis(Message& message, std::string_view code, void** result);
-int SystemSearchipcMessageAnalysis(Message& message, std::string_view code, void** result);
-int UserAuthMessageAnalysis(Message& message, void** result);
+// All of them, in the order in which a header's type is looked up.
+struct FamilyTable
+{
+    const Family* const* begin_;
+    size_t count;
 
-// Families that write into MESSAGE_HEADER append their attributes before the body is begun.
-bool isHeartbeat(std::string_view type, std::string_view code);
-void heartbeatHeader(TextWriter& out, const void* record);
-void liveStreamHeader(TextWriter& out, const void* record, int kind, std::string_view code);
+    const Family* const* begin() const
+    {
+        return begin_;
+    }
+    const Family* const* end() const
+    {
+        return begin_ + count;
+    }
+};
+extern const FamilyTable kFamilies;
+
+// The family of a header, or null.
+const Family* findFamily(std::string_view type, std::string_view code);
 
 } // namespace zel
 

@@ -1,11 +1,27 @@
 #include "core/header.h"
 
-#include "core/attributes.h"
-#include "core/records.h"
-#include "core/transparent_list.h"
+#include "core/families.h"
 #include "zel_platform/log.h"
 
 namespace zel {
+
+void messageHeader(Side& side, ZEL_PROTOCOL_HEADER& header)
+{
+    attribute(side, "Msg_type", header.Msg_type);
+    attribute(side, "Msg_code", header.Msg_code);
+    attribute(side, "Msg_flag", header.Msg_flag);
+    attributeIfSet(side, "Msg_uuid", header.Msg_uuid);
+    attributeIfSet(side, "Msg_chn", header.Msg_chn);
+}
+
+void transparentHeader(Side& side, TRANSPARENT_HEADER& header)
+{
+    attribute(side, "Trans_Type", header.Trans_Type);
+    attribute(side, "Channel_ID", header.Channel_ID);
+    attribute(side, "Source_Type", header.Source_Type);
+    attribute(side, "Session_ID", header.Session_ID);
+    attribute(side, "Trans_Result", header.Trans_Result);
+}
 
 int GetMessageHeader(Message& message, ZEL_PROTOCOL_HEADER& header)
 {
@@ -22,11 +38,8 @@ int GetMessageHeader(Message& message, ZEL_PROTOCOL_HEADER& header)
         ZelProtocolLogError("GetMessageHeader get MESSAGE_HEADER error\n");
         return ZEL_ERR_NO_ELEMENT;
     }
-    attribute(element, "Msg_type", header.Msg_type);
-    attribute(element, "Msg_code", header.Msg_code);
-    attribute(element, "Msg_flag", header.Msg_flag);
-    attribute(element, "Msg_uuid", header.Msg_uuid);
-    attribute(element, "Msg_chn", header.Msg_chn);
+    TreeReader side(element);
+    messageHeader(side, header);
     return 0;
 }
 
@@ -44,8 +57,25 @@ int findTransparentHeader(Message& message, ElementReader& element)
 
 void readTransparentHeader(const ElementReader& element, TRANSPARENT_HEADER& header)
 {
-    transparentAttributes(element, header);
+    TreeReader side(element);
+    transparentHeader(side, header);
 }
+
+// --- Transparent messages ------------------------------------------------------------------------
+
+extern constexpr MessageRow kTransparent =
+    message<TRANSPARENT_HEADER_init>("GetTransparentHeader",
+                                     within<transparentHeader>("TRANSPARENT_HEADER", Kinds::kAll))
+        .leavingFields();
+
+namespace {
+
+constexpr CodeRow kTransparentCodes[] = {{0, &kTransparent, nullptr, 0, ""}};
+
+} // namespace
+
+// The entry points know its element, not its type.
+extern constexpr Family kTransparentFamily("TRANSPARENT_CHANNEL_MSG", kTransparentCodes, nullptr, nullptr);
 
 } // namespace zel
 

@@ -1,10 +1,15 @@
-// The two header elements of a received message.
+// The two header elements of a message.
 #ifndef ZEL_CORE_HEADER_H
 #define ZEL_CORE_HEADER_H
 
-#include "core/message.h"
+#include "core/rows.h"
 
 namespace zel {
+
+extern const MessageRow kTransparent;
+
+void messageHeader(Side& side, ZEL_PROTOCOL_HEADER& header);
+void transparentHeader(Side& side, TRANSPARENT_HEADER& header);
 
 int GetMessageHeader(Message& message, ZEL_PROTOCOL_HEADER& header);
 

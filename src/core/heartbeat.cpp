@@ -1,57 +1,74 @@
 #include "core/families.h"
-#include "core/records.h"
 #include "zel_platform/log.h"
 
 namespace zel {
 
 namespace {
 
-constexpr auto heartbeatAttributes = [](auto& side, auto& record) {
+void heartbeat(Side& side, ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM& record)
+{
     attributeIfSet(side, "Ipcs_stat", record.Ipcs_stat);
     attributeIfSet(side, "streamstat", record.streamstat);
     attributeIfSet(side, "IpcAbility1", record.IpcAbility1);
     attributeIfSet(side, "IpcProtoCol", record.IpcProtoCol);
+}
+
+// Its parameters ride in the message's header: the body stays empty.
+void composeHeader(TextWriter& out, const void* record, int, std::string_view)
+{
+    Erased<heartbeat>::call(out, const_cast<void*>(record));
+}
+
+int analyseHeartbeat(const MessageRow& row, Message& message, void** result)
+{
+    if (message.isNull())
+        return emptyParam(row.leaf.name);
+    if (const int status = findRoot(message, row.leaf))
+        return status;
+    if (!message.root.child("MESSAGE_HEADER"))
+        return missingElement(row.leaf, "MESSAGE_HEADER");
+    return givePart(row, row.parts[0], message, {}, result);
+}
+
+void emptyBody(Side&, ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM&) {}
+
+constexpr MessageRow kHeartbeat =
+    message<ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM_init>("GetMessageHeaderEx", body<emptyBody>(Kinds::kNone))
+        .quiet()
+        .headedBy<heartbeat>()
+        .analysedBy(analyseHeartbeat);
+
+constexpr char kCode[] = "CMD_HEARTBEAT";
+
+constexpr CodeRow kCodes[] = {
+    {0, &kHeartbeat, nullptr, 0, kCode},
+    {1, &kHeartbeat, Erased<AUXPTZ_HEARTBEAT_CMD_HEARTBEAT_PARAM_init>::call, 1, kCode},
+    {2, &kHeartbeat, nullptr, 2, kCode},
 };
+
+int analyseAny(const Family&, Message& message, std::string_view, void** result)
+{
+    return analyseHeartbeat(kHeartbeat, message, result);
+}
 
 } // namespace
 
-bool isHeartbeat(std::string_view type, std::string_view code)
-{
-    return code == "CMD_HEARTBEAT" &&
-           (type == "ZEL_HEARTBEAT_MESSAGE" || type == "AUXPTZ_HEARTBEAT_MESSAGE" ||
-            type == "NVR_PRODUCE_TEST_MESSAGE");
-}
-
-void heartbeatHeader(TextWriter& out, const void* record)
-{
-    heartbeatAttributes(out, *static_cast<const ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM*>(record));
-}
-
-int GetMessageHeaderEx(Message& message, void** result)
-{
-    const Leaf leaf{"GetMessageHeaderEx", true};
-    if (message.isNull())
-        return emptyParam(leaf.name);
-    if (const int status = findRoot(message, leaf))
-        return status;
-    const ElementReader header = message.root.child("MESSAGE_HEADER");
-    if (!header)
-        return missingElement(leaf, "MESSAGE_HEADER");
-    return giveRecord(result, ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM_init,
-                      [&](auto& record) { heartbeatAttributes(header, record); });
-}
+extern constexpr Family kHeartbeatFamily =
+    Family("ZEL_HEARTBEAT_MESSAGE", kCodes, composeOnly, analyseAny)
+        .alsoNamed("AUXPTZ_HEARTBEAT_MESSAGE", "NVR_PRODUCE_TEST_MESSAGE")
+        .withHeader(composeHeader)
+        .ofCode(kCode);
 
 } // namespace zel
+
+// --- Exported ------------------------------------------------------------------------------------
 
 int ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM_init(ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM* param)
 {
     return zel::initRecord(param, [](auto& record) { zel::clear(record); });
 }
 
-int AUXPTZ_HEARTBEAT_CMD_HEARTBEAT_PARAM_init(AUXPTZ_HEARTBEAT_CMD_HEARTBEAT_PARAM* param)
-{
-    return ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(AUXPTZ_HEARTBEAT_CMD_HEARTBEAT_PARAM, ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM)
 
 int HeartbeatMessageCompose(const ZEL_PROTOCOL_HEADER* header, const void* record, char* headBuf, int size,
                             int used)
@@ -65,11 +82,11 @@ int HeartbeatMessageCompose(const ZEL_PROTOCOL_HEADER* header, const void* recor
     if (used < 0 || used >= size)
         return ZEL_ERR_BUFFER_SMALL;
     zel::TextWriter out(headBuf + used, static_cast<size_t>(size - used) - 1);
-    zel::heartbeatHeader(out, record);
+    zel::composeHeader(out, record, 0, {});
     return zel::finishBody(out, 0);
 }
 
 int GetMessageHeaderEx(const char* text, void** result)
 {
-    return zel::analyseText<zel::GetMessageHeaderEx>(text, result);
+    return zel::analyse(zel::kHeartbeat, text, result);
 }

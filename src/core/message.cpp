@@ -78,12 +78,42 @@ int openBody(Message& message, void** result, const Leaf& leaf, ElementReader& b
     return findBody(message, leaf, body);
 }
 
-void* takeBlock(size_t recordSize, size_t tailSize)
+void* takeRecord(const RecordType& type, size_t tailSize)
 {
-    void* block = tailSize <= SIZE_MAX - recordSize ? ZelProtocolMalloc(recordSize + tailSize) : nullptr;
-    if (!block)
+    void* const block = tailSize <= SIZE_MAX - type.size ? ZelProtocolMalloc(type.size + tailSize) : nullptr;
+    if (!block) {
         ZelProtocolLogError("Malloc Memory failed!\n");
+        return nullptr;
+    }
+    // What the init leaves must not be somebody else's memory.
+    if (type.initLeavesFields)
+        memset(block, 0xFF, type.size);
+    type.init(block);
     return block;
+}
+
+void* takeExtended(const RecordType& type, const RecordType& extension, size_t room)
+{
+    auto* const record = static_cast<char*>(takeRecord(type, room));
+    if (!record)
+        return nullptr;
+    void* const behind = record + type.size;
+    memset(behind, 0, room);
+    extension.init(behind);
+    memcpy(record + type.pointerAt, &behind, sizeof behind);
+    return record;
+}
+
+int giveRecord(void** result, const RecordType& type, Side& side, List list)
+{
+    if (!result)
+        return ZEL_ERR_BAD_PARAM;
+    void* const record = takeRecord(type);
+    if (!record)
+        return ZEL_ERR_NO_MEMORY;
+    list(side, record);
+    *result = record;
+    return 0;
 }
 
 } // namespace zel

@@ -3,8 +3,7 @@
 #ifndef ZEL_CORE_RAW_DATA_H
 #define ZEL_CORE_RAW_DATA_H
 
-#include "core/body.h"
-#include "core/message.h"
+#include "core/rows.h"
 
 namespace zel {
 
@@ -23,19 +22,6 @@ int findRawData(const Message& message, const Leaf& leaf, int32_t dataLength, st
 size_t featureBlockSize(uint8_t algorithmVersion);
 int findFeatureBlock(const Message& message, const Leaf& leaf, uint8_t algorithmVersion,
                      std::string_view& block);
-
-// The exported form of a dispatcher that announces: dispatch(out, extraLength).
-template <class Dispatch>
-int composeAnnouncing(const char* family, const void* record, char* buf, int len, int* iExtraLen,
-                      Dispatch dispatch)
-{
-    if (!buf || len < 1 || !iExtraLen)
-        return emptyParam(family);
-    if (!record)
-        return 0;
-    TextWriter out(buf, static_cast<size_t>(len) - 1);
-    return finishBody(out, dispatch(out, *iExtraLen));
-}
 
 } // namespace zel
 

@@ -34,6 +34,13 @@ int initRecord(Record* record, ClearTexts clearTexts)
     return 0;
 }
 
+// The init of a record that starts with zero bytes throughout.
+template <class Record>
+int startAtZero(Record* record)
+{
+    return initRecord(record, [](Record& all) { clear(all); });
+}
+
 template <class Record>
 int initRecord(Record* record)
 {

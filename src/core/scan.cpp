@@ -98,6 +98,15 @@ size_t scanNumbers(std::string_view& text, char separator, int32_t* numbers, siz
 
 bool scanHex(std::string_view text, int32_t& field)
 {
+    uint64_t value = 0;
+    if (!scanHex(text, value))
+        return false;
+    field = static_cast<int32_t>(static_cast<uint32_t>(value));
+    return true;
+}
+
+bool scanHex(std::string_view text, uint64_t& field)
+{
     skipSpace(text);
     const bool negative = takeSign(text);
     if (text.size() > 2 && text[0] == '0' && (text[1] | 0x20) == 'x' && hexDigit(text[2]) >= 0)
@@ -112,7 +121,7 @@ bool scanHex(std::string_view text, int32_t& field)
     }
     if (text.size() == before)
         return false;
-    field = static_cast<int32_t>(static_cast<uint32_t>(negative && value != kLargest ? 0 - value : value));
+    field = negative && value != kLargest ? 0 - value : value;
     return true;
 }
 

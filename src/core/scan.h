@@ -16,8 +16,9 @@ int32_t numberOf(std::string_view text);
 // what they held. Returns how many did; `text` then begins behind the last of them.
 size_t scanNumbers(std::string_view& text, char separator, int32_t* numbers, size_t count);
 
-// As sscanf does with %x. Tells whether there was a number.
+// As sscanf does with %x and %llx. Tells whether there was a number.
 bool scanHex(std::string_view text, int32_t& field);
+bool scanHex(std::string_view text, uint64_t& field);
 
 } // namespace zel
 

@@ -12,14 +12,6 @@ void TextWriter::appendPart(const char* text, size_t size)
     lost += size - fits;
 }
 
-void TextWriter::appendPieces(const char* first, size_t firstSize, const char* second, size_t secondSize,
-                              const char* third, size_t thirdSize)
-{
-    append(first, firstSize);
-    append(second, secondSize);
-    append(third, thirdSize);
-}
-
 char* printNumber(char* at, int32_t value)
 {
     if (value >= 0)
@@ -52,7 +44,14 @@ char* printTwoDigits(char* at, int32_t value)
     return printNumber(at, value);
 }
 
-char* printHex(char* at, uint32_t value)
+char* printTwoPlaces(char* at, int32_t value)
+{
+    if (value >= 0 && value < 10)
+        *at++ = ' ';
+    return printNumber(at, value);
+}
+
+char* printHex(char* at, uint64_t value)
 {
     return std::to_chars(at, at + kLongestNumber, value, 16).ptr;
 }

@@ -2,23 +2,20 @@
 #ifndef ZEL_CORE_TEXT_WRITER_H
 #define ZEL_CORE_TEXT_WRITER_H
 
-#include <cstddef>
-#include <cstdint>
 #include <cstring>
+
+#include "core/side.h"
 
 namespace zel {
 
 // What doesn't fit is counted but not kept, so that nobody who appends needs to look. The bytes kept are
 // always the first of the whole text.
-struct TextWriter
+struct TextWriter : Side
 {
-    TextWriter(char* buffer, size_t capacity) : begin(buffer), cursor(buffer), end(buffer + capacity), lost(0)
+    TextWriter(char* buffer, size_t capacity)
+        : Side(Kind::kText, true, false, buffer, capacity), begin(buffer)
     {}
 
-    size_t left() const
-    {
-        return static_cast<size_t>(end - cursor);
-    }
     size_t kept() const
     {
         return static_cast<size_t>(cursor - begin);
@@ -47,20 +44,6 @@ struct TextWriter
         append(text, N - 1);
     }
 
-    // Three texts, with one look at what is left.
-    template <size_t A, size_t B, size_t C>
-    void append(const char (&first)[A], const char (&second)[B], const char (&third)[C])
-    {
-        if (left() >= A - 1 + B - 1 + C - 1) {
-            memcpy(cursor, first, A - 1);
-            memcpy(cursor + A - 1, second, B - 1);
-            memcpy(cursor + A - 1 + B - 1, third, C - 1);
-            cursor += A - 1 + B - 1 + C - 1;
-        } else {
-            appendPieces(first, A - 1, second, B - 1, third, C - 1);
-        }
-    }
-
     // Takes the last byte back: for closings that stand directly behind an attribute's quote.
     void takeBack()
     {
@@ -71,15 +54,20 @@ struct TextWriter
     }
 
     char* const begin;
-    char* cursor;
-    char* const end;
-    size_t lost;
+    size_t lost = 0;
 
 private:
     void appendPart(const char* text, size_t size);
-    void appendPieces(const char* first, size_t firstSize, const char* second, size_t secondSize,
-                      const char* third, size_t thirdSize);
 };
+
+inline bool isText(const Side& side)
+{
+    return side.kind == Side::Kind::kText;
+}
+inline TextWriter& writerOf(Side& side)
+{
+    return static_cast<TextWriter&>(side);
+}
 
 // Prints like %d and %u (or PRIu64). At most 20 bytes; returns the end.
 char* printNumber(char* at, int32_t value);
@@ -87,9 +75,10 @@ char* printNumber(char* at, uint32_t value);
 char* printNumber(char* at, uint64_t value);
 constexpr size_t kLongestNumber = 20;
 
-// Prints like %02d, %x and %f. At most kLongestNumber bytes, for a float at most kLongestFloat.
+// Prints like %02d, %2d, %x and %f. At most kLongestNumber bytes, for a float at most kLongestFloat.
 char* printTwoDigits(char* at, int32_t value);
-char* printHex(char* at, uint32_t value);
+char* printTwoPlaces(char* at, int32_t value);
+char* printHex(char* at, uint64_t value);
 char* printFloat(char* at, float value);
 constexpr size_t kLongestFloat = 64;
 

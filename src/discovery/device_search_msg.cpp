@@ -3,250 +3,204 @@
 #include <iterator>
 
 #include "core/families.h"
-#include "core/records.h"
 #include "zel_platform/log.h"
 
 namespace zel {
 
 namespace {
 
-constexpr char kFamily[] = "SYSTEM_SEARCHIPC_MESSAGE";
-
 using DeviceInfo = SYSTEM_SEARCHIPC_DEVICE_INFO;
 using LanConfig = SYSTEM_SEARCHIPC_LAN_CONFIG;
 using StreamAccess = SYSTEM_SEARCHIPC_STREAM_ACCESS;
+using Account = SYSTEM_SEARCHIPC_ACCOUNT;
 using SearchRequest = SYSTEM_SEARCHIPC_1_PARAM;
 using SearchResponse = SYSTEM_SEARCHIPC_3_PARAM;
 using SearchIotResponse = SYSTEM_SEARCHIPC_21_PARAM;
 
-int unknownSearchCode(int32_t code)
-{
-    ZelProtocolLogError("%s deal a unknow msg_code:%d \n", kFamily, code);
-    return ZEL_ERR_UNKNOWN_MSG;
-}
-
 // --- Attribute lists, for both directions --------------------------------------------------------
 
-constexpr auto deviceType = [](auto& side, auto& device) {
+template <class Record>
+void vendorParam(Side& side, Record& record)
+{
+    if (const Element vendor = elementIf(isSet(record.VendorId), side, "VENDOR_PARAM", kOnLine))
+        attribute(side, "VendorId", record.VendorId);
+}
+
+void deviceType(Side& side, DeviceInfo& device)
+{
     attribute(side, "DeviceType", device.DeviceType);
     attributeIfSet(side, "SalesArea", device.SalesArea);
     attributeIfSet(side, "DeviceModule", device.DeviceModule);
     attributeIfSet(side, "BindMode", device.BindMode);
     attributeIfSet(side, "DevSubType", device.DevSubType);
-    if (!kWrites<decltype(side)> || isSet(device.Feature))
-        signedAttribute(side, "Feature", device.Feature);
-};
+    signedAttributeIfSet(side, "Feature", device.Feature);
+}
 
-constexpr auto serialNumber = [](auto& side, auto& device) {
-    attribute(side, "SerialNumber", device.SerialNumber);
-    attribute(side, "DevID", device.DevID);
-};
+void serialNumber(Side& side, DeviceInfo& device)
+{
+    if (const Element serial = element(side, "IPC_SERIALNUMBER")) {
+        attribute(side, "SerialNumber", device.SerialNumber);
+        attribute(side, "DevID", device.DevID);
+    }
+}
 
-constexpr auto lanAddresses = [](auto& side, auto& lan) {
+void lanAddresses(Side& side, LanConfig& lan)
+{
     attribute(side, "MacAddress", lan.MacAddress);
     attribute(side, "DHCP", lan.DHCP);
     attribute(side, "IPAddress", lan.IPAddress);
     attribute(side, "Netmask", lan.Netmask);
     attribute(side, "Gateway", lan.Gateway);
-};
+}
 
-constexpr auto lanAddressesAndNames = [](auto& side, auto& lan) {
+void lanAddressesAndNames(Side& side, LanConfig& lan)
+{
     lanAddresses(side, lan);
     attribute(side, "DNS1", lan.DNS1);
     attribute(side, "DNS2", lan.DNS2);
-};
+}
 
-constexpr auto lanConfig = [](auto& side, auto& record) {
+void lanConfig(Side& side, SearchResponse& record)
+{
     lanAddressesAndNames(side, record.stLan);
     attributeIfSet(side, "AllNetConnectEnable", record.AllNetConnectEnable);
     attributeIfSet(side, "IPAddressVirtual", record.IPAddressVirtual);
     attributeIfSet(side, "MTU", record.stLan.MTU);
-    if constexpr (kWrites<decltype(side)>)
+    if (side.writes())
         attributeIfSet(side, "DEV", record.stLan.DEV);
-};
+}
 
-constexpr auto accountAttributes = [](auto& side, auto& account) {
+void accountAttributes(Side& side, Account& account)
+{
     attribute(side, "Group", account.Group);
     attribute(side, "Status", account.Status);
-    if (!kWrites<decltype(side)> || isSet(account.Username)) {
+    if (side.takes(isSet(account.Username))) {
         attribute(side, "Username", account.Username);
         attribute(side, "Password", account.Password);
     }
-};
+}
 
-constexpr auto streamAccess = [](auto& side, auto& stream) {
+void userConfig(Side& side, SearchResponse& record)
+{
+    if (const Element users = elementIf(isSet(record.iAccountNum), side, "UserConfig", kElements)) {
+        const size_t count = rowElements<accountAttributes>(
+            side, "Account", record.stAccounts, countedRows(side, record.iAccountNum, record.stAccounts));
+        if (!side.writes())
+            record.iAccountNum = static_cast<int32_t>(count);
+    }
+}
+
+void streamAccess(Side& side, StreamAccess& stream)
+{
     attribute(side, "Auth", stream.Auth);
     attribute(side, "VideoPort", stream.VideoPort);
     attribute(side, "RTPOverRTSP", stream.RTPOverRTSP);
     attribute(side, "PTZPort", stream.PTZPort);
     attribute(side, "WEBPort", stream.WEBPort);
-    attributeIfSet(side, "RTSPClientNumber", stream.RTSPClientNumber);
-    attributeIfSet(side, "RTPPacketSize", stream.RTPPacketSize);
-};
+}
+
+void mediaStreamConfig(Side& side, StreamAccess& stream)
+{
+    if (const Element media = elementIf(isSet(stream.Auth), side, "MediaStreamConfig", kElements)) {
+        // The only line that ends in a carriage return and a line feed.
+        if (const Element access = element(side, "StreamAccess", kCarriageReturn)) {
+            streamAccess(side, stream);
+            attributeIfSet(side, "RTSPClientNumber", stream.RTSPClientNumber);
+            attributeIfSet(side, "RTPPacketSize", stream.RTPPacketSize);
+        }
+    }
+}
 
 // Two attributes are read under other names than they are written under.
-constexpr auto iotInfo = [](auto& side, auto& record) {
+void iotInfo(Side& side, SearchIotResponse& record)
+{
     attributeWritten(side, "DeviceType", record.DeviceType);
     attributeRead(side, "DevType", record.DeviceType);
     attributeIfSet(side, "DeviceModule", record.DeviceModule);
     attributeIfSet(side, "BindStatus", record.BindStatus);
-    if constexpr (kWrites<decltype(side)>)
+    if (side.writes())
         attributeIfSet(side, "DevSubType", record.DevSubType);
     else
         attribute(side, "BindNetType", record.DevSubType);
     attributeIfSet(side, "RegStatus", record.RegStatus);
-};
-
-// --- Elements ------------------------------------------------------------------------------------
-
-// The one element that stands on a single line.
-template <size_t N>
-void vendorParam(TextWriter& out, const char (&vendorId)[N])
-{
-    if (!isSet(vendorId))
-        return;
-    out.append("<VENDOR_PARAM ");
-    attribute(out, "VendorId", vendorId);
-    out.takeBack();
-    closeElement(out);
-}
-template <size_t N>
-void vendorParam(const ElementReader& body, char (&vendorId)[N])
-{
-    element(body, "VENDOR_PARAM", [&](auto& side) { attribute(side, "VendorId", vendorId); });
 }
 
-void userConfig(TextWriter& out, const SearchResponse& record)
+// --- Connection counts ---------------------------------------------------------------------------
+
+char* printCounts(char* at, const void* items, size_t count)
 {
-    if (!isSet(record.iAccountNum))
-        return;
-    container(out, "UserConfig", [&](TextWriter& users) {
-        const size_t count = clampCount(record.iAccountNum, std::size(record.stAccounts));
-        for (size_t i = 0; i < count; ++i)
-            element(users, "Account",
-                    [&](TextWriter& side) { accountAttributes(side, record.stAccounts[i]); });
-    });
-}
-void userConfig(const ElementReader& body, SearchResponse& record)
-{
-    container(body, "UserConfig", [&](auto& users) {
-        record.iAccountNum =
-            static_cast<int32_t>(readRows(users, "Account", record.stAccounts, accountAttributes));
-    });
+    const auto* const counts = static_cast<const int16_t*>(items);
+    for (size_t i = 0; i < count; ++i) {
+        at = printNumber(at, int32_t{counts[i]});
+        *at++ = ',';
+    }
+    return at;
 }
 
-void mediaStreamConfig(TextWriter& out, const StreamAccess& stream)
+// Only a number with a comma behind it counts, of the first 1023 bytes.
+void scanCounts(std::string_view value, void* items, size_t count)
 {
-    if (!isSet(stream.Auth))
-        return;
-    container(out, "MediaStreamConfig", [&](TextWriter& side) {
-        side.append("<StreamAccess\r\n"); // the only line that ends so
-        streamAccess(side, stream);
-        closeElement(side);
-    });
-}
-void mediaStreamConfig(const ElementReader& body, StreamAccess& stream)
-{
-    container(body, "MediaStreamConfig", [&](auto& media) {
-        element(media, "StreamAccess", [&](auto& side) { streamAccess(side, stream); });
-    });
+    constexpr size_t kLongest = 1023;
+    auto* const counts = static_cast<int16_t*>(items);
+    value = value.substr(0, kLongest);
+    for (size_t i = 0; i < count; ++i) {
+        const size_t comma = value.find(',');
+        if (comma == std::string_view::npos)
+            return;
+        counts[i] = static_cast<int16_t>(numberOf(value.substr(0, comma)));
+        value.remove_prefix(comma + 1);
+    }
 }
 
-void connectionCount(TextWriter& out, const DeviceInfo& device)
+constexpr ValueForm kCounts = {ZEL_FORM_LIST, kLongestNumber + 1, printCounts, scanCounts};
+
+void connectionCount(Side& side, DeviceInfo& device)
 {
-    if (!isSet(device.iConnectionCountValid))
-        return;
-    element(out, "ConnectionCount", [&](TextWriter& side) {
-        side.append("Count=\"");
-        for (const int16_t count : device.Count) {
-            appendNumber(side, count);
-            side.append(",");
-        }
-        side.append("\"\n");
-    });
-}
-// Only a number with a comma behind it counts.
-void connectionCount(const ElementReader& body, DeviceInfo& device)
-{
-    element(body, "ConnectionCount", [&](auto& side) {
-        device.iConnectionCountValid = 1;
-        char text[1024] = "";
-        attribute(side, "Count", text);
-        std::string_view rest = text;
-        for (int16_t& count : device.Count) {
-            const size_t comma = rest.find(',');
-            if (comma == std::string_view::npos)
-                return;
-            count = static_cast<int16_t>(numberOf(rest.substr(0, comma)));
-            rest.remove_prefix(comma + 1);
-        }
-    });
+    if (const Element counts = elementIf(isSet(device.iConnectionCountValid), side, "ConnectionCount")) {
+        if (!side.writes())
+            device.iConnectionCountValid = 1;
+        valueAttribute(side, "Count", kCounts, device.Count, sizeof device.Count, std::size(device.Count));
+    }
 }
 
-// --- Bodies, for both directions -----------------------------------------------------------------
+// --- Bodies --------------------------------------------------------------------------------------
 
-constexpr auto searchRequest = [](auto& side, auto& record) { vendorParam(side, record.VendorId); };
+void searchRequest(Side& side, SearchRequest& record)
+{
+    vendorParam(side, record);
+}
 
-constexpr auto searchResponse = [](auto& side, auto& record) {
+void searchResponse(Side& side, SearchResponse& record)
+{
     auto& device = record.stDevice;
-    vendorParam(side, record.VendorId);
-    element(side, "DEVICE_TYPE", [&](auto& type) { deviceType(type, device); });
-    element(side, "IPC_SERIALNUMBER", [&](auto& serial) { serialNumber(serial, device); });
-    element(side, "LANConfig", [&](auto& lan) { lanConfig(lan, record); });
-    elementIf(isSet(record.stLan1.IPAddress), side, "LAN1Config",
-              [&](auto& lan) { lanAddresses(lan, record.stLan1); });
+    vendorParam(side, record);
+    if (const Element type = element(side, "DEVICE_TYPE"))
+        deviceType(side, device);
+    serialNumber(side, device);
+    if (const Element lan = element(side, "LANConfig"))
+        lanConfig(side, record);
+    if (const Element lan = elementIf(isSet(record.stLan1.IPAddress), side, "LAN1Config"))
+        lanAddresses(side, record.stLan1);
     userConfig(side, record);
     mediaStreamConfig(side, record.stStream);
-    elementIf(isSet(device.OsdStr), side, "OSD", [&](auto& osd) { attribute(osd, "OsdStr", device.OsdStr); });
-    elementIf(isSet(device.FileSystemVersion), side, "VERSION",
-              [&](auto& version) { attribute(version, "FileSystemVersion", device.FileSystemVersion); });
-    elementIf(isSet(device.Name), side, "Manufacturer",
-              [&](auto& manufacturer) { attribute(manufacturer, "Name", device.Name); });
+    if (const Element osd = elementIf(isSet(device.OsdStr), side, "OSD"))
+        attribute(side, "OsdStr", device.OsdStr);
+    if (const Element version = elementIf(isSet(device.FileSystemVersion), side, "VERSION"))
+        attribute(side, "FileSystemVersion", device.FileSystemVersion);
+    if (const Element manufacturer = elementIf(isSet(device.Name), side, "Manufacturer"))
+        attribute(side, "Name", device.Name);
     connectionCount(side, device);
-};
-
-constexpr auto searchIotResponse = [](auto& side, auto& record) {
-    element(side, "IOTInfo", [&](auto& info) { iotInfo(info, record); });
-    element(side, "IPC_SERIALNUMBER", [&](auto& serial) { serialNumber(serial, record.stDevice); });
-    element(side, "LANConfig", [&](auto& lan) {
-        lanAddressesAndNames(lan, record.stLan);
-        attribute(lan, "MTU", record.stLan.MTU);
-    });
-};
-
-// --- Messages ------------------------------------------------------------------------------------
-
-int SystemSearchipc_SearchRequest_MessageCompose(TextWriter& out, const SearchRequest& record, int)
-{
-    searchRequest(out, record);
-    return 0;
 }
 
-int SystemSearchipc_SearchRequest_MessageAnalysis(Message& message, void** result)
+void searchIotResponse(Side& side, SearchIotResponse& record)
 {
-    return analyseBody(message, result, {__func__}, SYSTEM_SEARCHIPC_1_PARAM_init, searchRequest);
-}
-
-int SystemSearchipc_SearchResponse_MessageCompose(TextWriter& out, const SearchResponse& record, int)
-{
-    searchResponse(out, record);
-    return 0;
-}
-
-int SystemSearchipc_SearchResponse_MessageAnalysis(Message& message, void** result)
-{
-    return analyseBody(message, result, {__func__}, SYSTEM_SEARCHIPC_3_PARAM_init, searchResponse);
-}
-
-int SystemSearchipc_SearchIotResponse_MessageCompose(TextWriter& out, const SearchIotResponse& record, int)
-{
-    searchIotResponse(out, record);
-    return 0;
-}
-
-int SystemSearchipc_SearchIotResponse_MessageAnalysis(Message& message, void** result)
-{
-    return analyseBody(message, result, {__func__}, SYSTEM_SEARCHIPC_21_PARAM_init, searchIotResponse);
+    if (const Element info = element(side, "IOTInfo"))
+        iotInfo(side, record);
+    serialNumber(side, record.stDevice);
+    if (const Element lan = element(side, "LANConfig")) {
+        lanAddressesAndNames(side, record.stLan);
+        attribute(side, "MTU", record.stLan.MTU);
+    }
 }
 
 // --- Absent values -------------------------------------------------------------------------------
@@ -262,49 +216,33 @@ void clearTexts(LanConfig& lan)
     clear(lan.MacAddress, lan.IPAddress, lan.Netmask, lan.Gateway, lan.DNS1, lan.DNS2, lan.DEV);
 }
 
+// --- Messages ------------------------------------------------------------------------------------
+
+// Each code has one form, whatever the kind.
+constexpr MessageRow kSearchRequest = message<SYSTEM_SEARCHIPC_1_PARAM_init>(
+    "SystemSearchipc_SearchRequest_MessageAnalysis", body<searchRequest>());
+constexpr MessageRow kSearchResponse = message<SYSTEM_SEARCHIPC_3_PARAM_init>(
+    "SystemSearchipc_SearchResponse_MessageAnalysis", body<searchResponse>());
+constexpr MessageRow kSearchIotResponse = message<SYSTEM_SEARCHIPC_21_PARAM_init>(
+    "SystemSearchipc_SearchIotResponse_MessageAnalysis", body<searchIotResponse>());
+
+// Codes without a row have neither a body nor a record.
+constexpr CodeRow kCodes[] = {
+    {1, &kSearchRequest}, {3, &kSearchResponse},     {9, nullptr}, {10, nullptr}, {11, nullptr},
+    {20, nullptr},        {21, &kSearchIotResponse},
+};
+static_assert(isAscending(kCodes));
+
+int unknownSearchCode(const Family& family, std::string_view code)
+{
+    ZelProtocolLogError("%s deal a unknow msg_code:%d \n", family.name, numberOf(code));
+    return ZEL_ERR_UNKNOWN_MSG;
+}
+
 } // namespace
 
-// --- Dispatch ------------------------------------------------------------------------------------
-
-int SystemSearchipcMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code)
-{
-    switch (const int32_t number = numberOf(code)) {
-    case 1:
-        return SystemSearchipc_SearchRequest_MessageCompose(out, as<SearchRequest>(record), kind);
-    case 3:
-        return SystemSearchipc_SearchResponse_MessageCompose(out, as<SearchResponse>(record), kind);
-    case 9:
-    case 10:
-    case 11:
-    case 20:
-        return 0;
-    case 21:
-        return SystemSearchipc_SearchIotResponse_MessageCompose(out, as<SearchIotResponse>(record), kind);
-    default:
-        return unknownSearchCode(number);
-    }
-}
-
-int SystemSearchipcMessageAnalysis(Message& message, std::string_view code, void** result)
-{
-    if (lacksArgument(message, code, result))
-        return emptyParam(kFamily);
-    switch (const int32_t number = numberOf(code)) {
-    case 1:
-        return SystemSearchipc_SearchRequest_MessageAnalysis(message, result);
-    case 3:
-        return SystemSearchipc_SearchResponse_MessageAnalysis(message, result);
-    case 9:
-    case 10:
-    case 11:
-    case 20:
-        return 0;
-    case 21:
-        return SystemSearchipc_SearchIotResponse_MessageAnalysis(message, result);
-    default:
-        return unknownSearchCode(number);
-    }
-}
+extern constexpr Family kSearchFamily =
+    Family("SYSTEM_SEARCHIPC_MESSAGE", kCodes, composeCode, analyseCode, unknownSearchCode).bare();
 
 } // namespace zel
 
@@ -336,25 +274,14 @@ int SYSTEM_SEARCHIPC_21_PARAM_init(SYSTEM_SEARCHIPC_21_PARAM* param)
 
 int SystemSearchipcMessageCompose(const void* record, int kind, const char* code, char* buf, int len)
 {
-    return zel::composeCode<zel::SystemSearchipcMessageCompose>(zel::kFamily, record, kind, code, buf, len);
+    return zel::composeBody(zel::kSearchFamily, record, kind, code, buf, len);
 }
 
 int SystemSearchipcMessageAnalysis(const char* text, const char* code, void** result)
 {
-    return zel::analyseCode<zel::SystemSearchipcMessageAnalysis>(text, code, result);
+    return zel::analyseText(zel::kSearchFamily, text, code, result);
 }
 
-int SystemSearchipc_SearchRequest_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemSearchipc_SearchRequest_MessageAnalysis>(text, result);
-}
-
-int SystemSearchipc_SearchResponse_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemSearchipc_SearchResponse_MessageAnalysis>(text, result);
-}
-
-int SystemSearchipc_SearchIotResponse_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::SystemSearchipc_SearchIotResponse_MessageAnalysis>(text, result);
-}
+ZEL_EXPORT_ANALYSIS(SystemSearchipc_SearchRequest, kSearchRequest)
+ZEL_EXPORT_ANALYSIS(SystemSearchipc_SearchResponse, kSearchResponse)
+ZEL_EXPORT_ANALYSIS(SystemSearchipc_SearchIotResponse, kSearchIotResponse)

@@ -1,15 +1,14 @@
 #include "zel_protocol/alarm_report.h"
 
+#include <cstddef>
+
 #include "core/families.h"
 #include "core/raw_data.h"
-#include "core/records.h"
 #include "zel_platform/log.h"
 
 namespace zel {
 
 namespace {
-
-constexpr char kFamily[] = "ALARM_REPORT_MESSAGE";
 
 using AlarmReport = ALARM_REPORT_CMD_RPEORT_ALARM_PARAM;
 using FaceInfo = ALARM_REPORT_HUMANFACE_INFO;
@@ -25,20 +24,23 @@ constexpr int32_t kOtherAnimal = 45;
 
 // --- Attribute lists, for both directions --------------------------------------------------------
 
-constexpr auto sourceAttributes = [](auto& side, auto& record) {
+void sourceAttributes(Side& side, AlarmReport& record)
+{
     attribute(side, "Src", record.Src);
     attribute(side, "ChannelId", record.ChannelId);
-};
+}
 
-constexpr auto alarmAttributes = [](auto& side, auto& record) {
+void alarmAttributes(Side& side, AlarmReport& record)
+{
     attribute(side, "Alarm_code", record.Alarm_code);
     attribute(side, "Alarm_flag", record.Alarm_flag);
     attribute(side, "Alarm_level", record.Alarm_level);
     attribute(side, "Alarm_data", record.Alarm_data);
     attributeIfSet(side, "Alarm_absTime", record.Alarm_absTime);
-};
+}
 
-constexpr auto alarmTime = [](auto& side, auto& record) {
+void alarmTime(Side& side, AlarmReport& record)
+{
     attribute(side, "Year", record.Year);
     attribute(side, "Month", record.Month);
     attribute(side, "Day", record.Day);
@@ -46,9 +48,10 @@ constexpr auto alarmTime = [](auto& side, auto& record) {
     attribute(side, "Hour", record.Hour);
     attribute(side, "Minute", record.Minute);
     attribute(side, "Second", record.Second);
-};
+}
 
-constexpr auto faceAttributes = [](auto& side, auto& face) {
+void faceAttributes(Side& side, FaceInfo& face)
+{
     attribute(side, "Age", face.Age);
     attribute(side, "Gender", face.Gender);
     attribute(side, "IsGlasses", face.IsGlasses);
@@ -64,132 +67,189 @@ constexpr auto faceAttributes = [](auto& side, auto& face) {
     attribute(side, "HsvAreaScore", face.HsvAreaScore);
     attribute(side, "BlurSMD", face.BlurSMD);
     attribute(side, "ErrorCode", face.ErrorCode);
-};
+}
 
-constexpr auto animalAttributes = [](auto& side, auto& animal) {
+void animalAttributes(Side& side, AnimalInfo& animal)
+{
     attribute(side, "Animal_type", animal.Animal_type);
-};
+}
 
-constexpr auto crossBorderAttributes = [](auto& side, auto& crossing) {
+void crossBorderAttributes(Side& side, CrossBorderInfo& crossing)
+{
     attribute(side, "CrowdFlowStatEnable", crossing.CrowdFlowStatEnable);
     attribute(side, "CrowdFlowNum", crossing.CrowdFlowNum);
-};
+}
 
-// --- Composing -----------------------------------------------------------------------------------
-
-void composeExtension(TextWriter& out, const AlarmReport& record, int& extraLength)
+// What all reports have; the element of the extension, if it has one, is the item's last.
+void report(Side& side, AlarmReport& record, Name extension = "", List list = nullptr)
 {
-    switch (record.Alarm_code) {
-    case kFace:
-    case kOtherFace: {
-        const auto& face = as<FaceInfo>(record.pExData);
-        element(out, "HumanFaceInfo", [&](TextWriter& side) { faceAttributes(side, face); });
-        announceRawData(extraLength, static_cast<int32_t>(featureBlockSize(face.AlgVer)));
-        break;
-    }
-    case kAnimal:
-    case kOtherAnimal:
-        element(out, "ANIMAL_INFO",
-                [&](TextWriter& side) { animalAttributes(side, as<AnimalInfo>(record.pExData)); });
-        break;
-    case kCrossBorder:
-        element(out, "CROSSBORDER_INFO",
-                [&](TextWriter& side) { crossBorderAttributes(side, as<CrossBorderInfo>(record.pExData)); });
-        break;
-    default:
-        ZelProtocolLogDebug(
-            "ALARM_REPORT_MESSAGE message deal alarm_code:%d , code has pExData, but unknow type to use\n",
-            record.Alarm_code);
+    if (const Element source = elementIf(isSet(record.Src), side, "SRC_INFO"))
+        sourceAttributes(side, record);
+    if (const Element item = container(side, "ALARM_ITEM")) {
+        if (const Element info = element(side, "ALARM_INFO"))
+            alarmAttributes(side, record);
+        if (const Element time = elementIf(isSet(record.Year), side, "ALARM_TIME"))
+            alarmTime(side, record);
+        if (list)
+            if (const Element more = element(side, extension))
+                list(side, record.pExData);
     }
 }
 
-void composeReport(TextWriter& out, const AlarmReport& record, int& extraLength)
+void plainReport(Side& side, AlarmReport& record)
 {
-    if (isSet(record.Src))
-        element(out, "SRC_INFO", [&](TextWriter& side) { sourceAttributes(side, record); });
-    container(out, "ALARM_ITEM", [&](TextWriter& item) {
-        element(item, "ALARM_INFO", [&](TextWriter& side) { alarmAttributes(side, record); });
-        if (isSet(record.Year))
-            element(item, "ALARM_TIME", [&](TextWriter& side) { alarmTime(side, record); });
-        if (record.pExData)
-            composeExtension(item, record, extraLength);
-    });
+    report(side, record);
+}
+
+void faceReport(Side& side, AlarmReport& record)
+{
+    report(side, record, "HumanFaceInfo", Erased<faceAttributes>::call);
+}
+
+void animalReport(Side& side, AlarmReport& record)
+{
+    report(side, record, "ANIMAL_INFO", Erased<animalAttributes>::call);
+}
+
+void crossBorderReport(Side& side, AlarmReport& record)
+{
+    report(side, record, "CROSSBORDER_INFO", Erased<crossBorderAttributes>::call);
+}
+
+// --- Messages ------------------------------------------------------------------------------------
+
+int composeAlarm(const MessageRow&, Outbound& outbound);
+int analyseAlarm(const MessageRow& row, Message& message, void** result);
+
+template <auto list>
+constexpr MessageRow alarm()
+{
+    return message<ALARM_REPORT_CMD_RPEORT_ALARM_PARAM_init>(
+               "AlarmReportMessageAnalysis", within<list>("ALARM_REPORT_PARAM", Kinds::kRequests, kElements))
+        .composedBy(composeAlarm)
+        .analysedBy(analyseAlarm);
+}
+
+template <auto list, class Extension>
+constexpr MessageRow extendedAlarm()
+{
+    return alarm<list>().template extendedBy<startAtZero<Extension>>(offsetof(AlarmReport, pExData));
+}
+
+constexpr MessageRow kPlainAlarm = alarm<plainReport>();
+constexpr MessageRow kFaceAlarm = extendedAlarm<faceReport, FaceInfo>().followedBy(
+    ZEL_BEHIND_FEATURE_BLOCK, offsetof(AlarmReport, pExData));
+constexpr MessageRow kAnimalAlarm = extendedAlarm<animalReport, AnimalInfo>();
+constexpr MessageRow kCrossBorderAlarm = extendedAlarm<crossBorderReport, CrossBorderInfo>();
+
+constexpr char kCode[] = "CMD_REPORT_ALARM";
+
+// By the alarm's code.
+constexpr CodeRow kAlarms[] = {
+    {-1, &kPlainAlarm, nullptr, 0, kCode},       {kCrossBorder, &kCrossBorderAlarm, nullptr, 0, kCode},
+    {kFace, &kFaceAlarm, nullptr, 0, kCode},     {kOtherFace, &kFaceAlarm, nullptr, 0, kCode},
+    {kAnimal, &kAnimalAlarm, nullptr, 0, kCode}, {kOtherAnimal, &kAnimalAlarm, nullptr, 0, kCode},
+};
+static_assert(isAscending(kAlarms));
+
+// --- Composing -----------------------------------------------------------------------------------
+
+const MessageRow& rowOf(const AlarmReport& record)
+{
+    if (!record.pExData)
+        return kPlainAlarm;
+    if (isSet(record.Alarm_code))
+        if (const CodeRow* const found = findCode(kAlarmReportFamily, record.Alarm_code))
+            return *found->row;
+    ZelProtocolLogDebug(
+        "ALARM_REPORT_MESSAGE message deal alarm_code:%d , code has pExData, but unknow type to use\n",
+        record.Alarm_code);
+    return kPlainAlarm;
+}
+
+int composeAlarm(const MessageRow&, Outbound& outbound)
+{
+    if (!isRequest(outbound.kind)) {
+        ZelProtocolLogInfo("ALARM_REPORT_MESSAGE response message Not have Body, please check msgtype\n");
+        return 0;
+    }
+    const auto& record = as<AlarmReport>(outbound.record);
+    const MessageRow& row = rowOf(record);
+    if (row.behind == ZEL_BEHIND_FEATURE_BLOCK) {
+        const uint8_t version = as<FaceInfo>(record.pExData).AlgVer;
+        announceRawData(outbound.extraLength, static_cast<int32_t>(featureBlockSize(version)));
+    }
+    writePart(row.parts[0], outbound);
+    return 0;
+}
+
+int composeFamily(const Family& family, Outbound& outbound)
+{
+    return outbound.code == kCode ? composeOnly(family, outbound) : ZEL_ERR_UNKNOWN_MSG;
 }
 
 // --- Analysis ------------------------------------------------------------------------------------
 
-void readReport(const ElementReader& report, const ElementReader& item, AlarmReport& record)
+// The element decides, whatever the alarm's code.
+struct Found
 {
-    element(report, "SRC_INFO", [&](auto& side) { sourceAttributes(side, record); });
-    element(item, "ALARM_INFO", [&](auto& side) { alarmAttributes(side, record); });
-    element(item, "ALARM_TIME", [&](auto& side) { alarmTime(side, record); });
+    const MessageRow& row;
+    int32_t type;
+    ElementReader element;
+};
+
+Found findExtension(const ElementReader& item)
+{
+    if (const ElementReader face = item.child("HumanFaceInfo"))
+        return {kFaceAlarm, kFace, face};
+    if (const ElementReader animal = item.child("ANIMAL_INFO"))
+        return {kAnimalAlarm, kAnimal, animal};
+    if (const ElementReader crossing = item.child("CROSSBORDER_INFO"))
+        return {kCrossBorderAlarm, kCrossBorder, crossing};
+    return {kPlainAlarm, -1, {}};
 }
 
-template <class Extension>
-int startAtZero(Extension* extension)
+int analyseAlarm(const MessageRow& row, Message& message, void** result)
 {
-    clear(*extension);
+    ElementReader body;
+    if (const int status = openBody(message, result, row.leaf, body))
+        return status;
+    TreeReader place(body.child("ALARM_REPORT_PARAM"));
+    if (!place.at)
+        return missingElement(row.leaf, "ALARM_REPORT_PARAM");
+    const ElementReader item = place.at.child("ALARM_ITEM");
+    if (!item)
+        return missingElement(row.leaf, "ALARM_ITEM");
+    const Found found = findExtension(item);
+    std::string_view block;
+    if (found.type == kFace) {
+        TreeReader face(found.element);
+        uint8_t algorithmVersion = 0;
+        attribute(face, "AlgVer", algorithmVersion);
+        if (const int status = findFeatureBlock(message, row.leaf, algorithmVersion, block))
+            return status;
+    }
+    if (!found.element)
+        return giveRecord(result, found.row.record, place, found.row.parts[0].list);
+    auto* const record =
+        static_cast<AlarmReport*>(takeExtended(found.row.record, found.row.extension, sizeof(FaceInfo)));
+    if (!record)
+        return ZEL_ERR_NO_MEMORY;
+    found.row.parts[0].list(place, record);
+    record->iExDataType = found.type;
+    if (!block.empty())
+        memcpy(static_cast<FaceInfo*>(record->pExData)->aucFeatureData, block.data(), block.size());
+    *result = record;
     return 0;
 }
 
 } // namespace
 
-int AlarmReportMessageCompose(TextWriter& out, const void* record, int kind, int& extraLength)
-{
-    if (isRequest(kind))
-        container(out, "ALARM_REPORT_PARAM",
-                  [&](TextWriter& side) { composeReport(side, as<AlarmReport>(record), extraLength); });
-    else
-        ZelProtocolLogInfo("ALARM_REPORT_MESSAGE response message Not have Body, please check msgtype\n");
-    return 0;
-}
-
-int AlarmReportMessageAnalysis(Message& message, void** result)
-{
-    if (message.isNull() || !result)
-        return emptyParam(kFamily);
-    const Leaf leaf{__func__};
-    ElementReader body;
-    if (const int status = openBody(message, result, leaf, body))
-        return status;
-    const ElementReader report = body.child("ALARM_REPORT_PARAM");
-    if (!report)
-        return missingElement(leaf, "ALARM_REPORT_PARAM");
-    const ElementReader item = report.child("ALARM_ITEM");
-    if (!item)
-        return missingElement(leaf, "ALARM_ITEM");
-    // The element decides, whatever the alarm's code.
-    const auto give = [&](int32_t type, auto initExtension, auto fill) {
-        return giveExtended<sizeof(FaceInfo)>(result, ALARM_REPORT_CMD_RPEORT_ALARM_PARAM_init, initExtension,
-                                              [&](AlarmReport& record, auto& extension) {
-                                                  readReport(report, item, record);
-                                                  record.iExDataType = type;
-                                                  fill(extension);
-                                              });
-    };
-    if (const ElementReader element = item.child("HumanFaceInfo")) {
-        uint8_t algorithmVersion = 0;
-        attribute(element, "AlgVer", algorithmVersion);
-        std::string_view block;
-        if (const int status = findFeatureBlock(message, leaf, algorithmVersion, block))
-            return status;
-        return give(kFace, startAtZero<FaceInfo>, [&](FaceInfo& face) {
-            faceAttributes(element, face);
-            if (!block.empty())
-                memcpy(face.aucFeatureData, block.data(), block.size());
-        });
-    }
-    if (const ElementReader element = item.child("ANIMAL_INFO"))
-        return give(kAnimal, startAtZero<AnimalInfo>,
-                    [&](AnimalInfo& animal) { animalAttributes(element, animal); });
-    if (const ElementReader element = item.child("CROSSBORDER_INFO"))
-        return give(kCrossBorder, startAtZero<CrossBorderInfo>,
-                    [&](CrossBorderInfo& crossing) { crossBorderAttributes(element, crossing); });
-    return giveRecord(result, ALARM_REPORT_CMD_RPEORT_ALARM_PARAM_init,
-                      [&](AlarmReport& record) { readReport(report, item, record); });
-}
+extern constexpr Family kAlarmReportFamily("ALARM_REPORT_MESSAGE", kAlarms, composeFamily, analyseOnly);
 
 } // namespace zel
+
+// --- Exported ------------------------------------------------------------------------------------
 
 int ALARM_REPORT_CMD_RPEORT_ALARM_PARAM_init(ALARM_REPORT_CMD_RPEORT_ALARM_PARAM* param)
 {
@@ -201,13 +261,10 @@ int ALARM_REPORT_CMD_RPEORT_ALARM_PARAM_init(ALARM_REPORT_CMD_RPEORT_ALARM_PARAM
 
 int AlarmReportMessageCompose(const void* record, int kind, char* buf, int len, int* iExtraLen)
 {
-    return zel::composeAnnouncing(zel::kFamily, record, buf, len, iExtraLen,
-                                  [&](zel::TextWriter& out, int& extraLength) {
-                                      return zel::AlarmReportMessageCompose(out, record, kind, extraLength);
-                                  });
+    return zel::composeAnnouncing(zel::kAlarmReportFamily, record, kind, zel::kCode, buf, len, iExtraLen);
 }
 
 int AlarmReportMessageAnalysis(const char* text, void** result)
 {
-    return zel::analyseText<zel::AlarmReportMessageAnalysis>(text, result);
+    return zel::analyseText(zel::kAlarmReportFamily, text, zel::kCode, result);
 }

@@ -1,40 +1,27 @@
 #include "zel_protocol/live_stream.h"
 
 #include "core/families.h"
-#include "core/records.h"
 #include "zel_platform/log.h"
 
 namespace zel {
 
 namespace {
 
-constexpr char kFamily[] = "LIVE_STREAM_MESSAGE";
-
 using StreamStart = LIVE_STREAM_CMD_STREAM_START_PARAM;
 using StreamStop = LIVE_STREAM_CMD_STREAM_STOP_PARAM;
-using StreamQuality = LIVE_STREAM_CMD_STREAM_QUALITY_PARAM;
-
-bool isStart(std::string_view code)
-{
-    return code == "CMD_STREAM_START" || numberOf(code) == 1062;
-}
-
-int unknownStreamCode(std::string_view code)
-{
-    ZelProtocolLogError("%s deal a unknow Msg_code:%.*s !!!\n", kFamily, printedLength(code), code.data());
-    return ZEL_ERR_UNKNOWN_MSG;
-}
 
 // --- Attribute lists, for both directions --------------------------------------------------------
 
-constexpr auto headerAttributes = [](auto& side, auto& record) {
+void headerAttributes(Side& side, StreamStart& record)
+{
     attribute(side, "ChannelId", record.ChannelId);
     attribute(side, "StreamID", record.StreamID);
     attribute(side, "ConnectNum", record.ConnectNum);
     attribute(side, "StreamNum", record.StreamNum);
-};
+}
 
-constexpr auto startRequest = [](auto& side, auto& record) {
+void startRequest(Side& side, StreamStart& record)
+{
     attribute(side, "ChannelId", record.ChannelId);
     attribute(side, "VideoStream", record.VideoStream);
     attributeIfSet(side, "AudioEnable", record.AudioEnable);
@@ -43,190 +30,156 @@ constexpr auto startRequest = [](auto& side, auto& record) {
     attributeIfSet(side, "Multicast", record.Multicast);
     attributeIfSet(side, "UseTcp", record.UseTcp);
     attributeIfSet(side, "FrameType", record.FrameType);
-};
+}
 
 // Where a stream without TCP is sent to.
-constexpr auto destination = [](auto& side, auto& record, bool audio) {
+void destination(Side& side, StreamStart& record, bool audio)
+{
     attributeIfSet(side, "Multicast", record.Multicast);
     attributeIfSet(side, "MulticastAddress", record.MulticastAddress);
     attribute(side, "VideoPort", record.VideoPort);
     if (audio)
         attribute(side, "AudioPort", record.AudioPort);
-};
+}
 
-constexpr auto transport = [](auto& side, auto& record) {
+void transport(Side& side, StreamStart& record)
+{
     attributeWritten(side, "ChannelId", record.ChannelId); // is read from the header
     attribute(side, "StreamID", record.StreamID);
     attribute(side, "VideoStream", record.VideoStream);
-    if constexpr (kWrites<decltype(side)>) {
-        const int32_t audio = record.AudioEnable > 0;
-        attribute(side, "AudioEnable", audio);
-        if (record.UseTcp != 0 && isSet(record.UseTcp))
+    if (side.writes()) {
+        const bool audio = record.AudioEnable > 0;
+        attributeAs(side, "AudioEnable", record.AudioEnable, audio);
+        const bool tcp = record.UseTcp != 0 && isSet(record.UseTcp);
+        if (side.takes(tcp))
             attribute(side, "UseTcp", record.UseTcp);
-        else
-            destination(side, record, audio != 0);
+        if (side.takes(!tcp))
+            destination(side, record, audio);
     } else {
         attribute(side, "AudioEnable", record.AudioEnable);
         attribute(side, "UseTcp", record.UseTcp);
         destination(side, record, true);
     }
     attributeIfSet(side, "EnableChangeStream", record.EnableChangeStream);
-};
+}
 
-constexpr auto videoParam = [](auto& side, auto& video) {
+void videoParam(Side& side, LIVE_STREAM_VIDEO_PARAM& video)
+{
     attribute(side, "Encoder", video.Encoder);
     attribute(side, "Width", video.Width);
     attribute(side, "Height", video.Height);
     attribute(side, "Framerate", video.Framerate);
     attribute(side, "Bitrate", video.Bitrate);
     attribute(side, "Config", video.Config);
-};
+}
 
-constexpr auto audioParam = [](auto& side, auto& audio) {
+void audioParam(Side& side, LIVE_STREAM_AUDIO_PARAM& audio)
+{
     attribute(side, "Encoder", audio.Encoder);
     attribute(side, "SampleRate", audio.SampleRate);
     attribute(side, "SampleWidth", audio.SampleWidth);
     attribute(side, "Channels", audio.Channels);
     attribute(side, "Bitrate", audio.Bitrate);
-};
+}
 
-constexpr auto mediaParams = [](auto& side, auto& record, bool audio) {
-    element(side, "VIDEO_PARAM", [&](auto& video) { videoParam(video, record.stVideo); });
-    if (audio)
-        element(side, "AUDIO_PARAM", [&](auto& sound) { audioParam(sound, record.stAudio); });
-};
+void startResponse(Side& side, StreamStart& record)
+{
+    if (const Element trans = elementIf(isSet(record.VideoStream), side, "TRANS_PARAM"))
+        transport(side, record);
+    if (side.takes(isSet(record.VideoStream))) {
+        if (const Element video = element(side, "VIDEO_PARAM"))
+            videoParam(side, record.stVideo);
+        if (const Element audio = elementIf(record.AudioEnable > 0, side, "AUDIO_PARAM"))
+            audioParam(side, record.stAudio);
+    }
+}
 
-constexpr auto stopAttributes = [](auto& side, auto& record) {
+void stopAttributes(Side& side, StreamStop& record)
+{
     atoiAttributeIfSet(side, "ChannelId", record.ChannelId);
     atoiAttributeIfSet(side, "StreamID", record.StreamID);
     atoiAttributeIfSet(side, "UseTcp", record.UseTcp);
-};
+}
 
-constexpr auto qualityAttributes = [](auto& side, auto& record) {
+void qualityAttributes(Side& side, StreamStop& record)
+{
     atoiAttributeIfSet(side, "ChannelId", record.ChannelId);
     atoiAttributeIfSet(side, "StreamID", record.StreamID);
     atoiAttributeIfSet(side, "FrameType", record.FrameType);
-};
+}
 
 // --- Messages ------------------------------------------------------------------------------------
 
-bool writesHeader(const void* record, int kind, std::string_view code)
-{
-    return isStart(code) && !isRequest(kind) && isSet(as<StreamStart>(record).ConnectNum);
-}
-
 // No analysis of the family asks where its result goes to until it has one.
-int openStreamBody(Message& message, const Leaf& leaf, ElementReader& body)
+int analyseStream(const MessageRow& row, Message& message, void** result)
 {
     if (message.isNull())
-        return emptyParam(leaf.name);
-    if (const int status = findRoot(message, leaf))
+        return emptyParam(row.leaf.name);
+    if (const int status = findRoot(message, row.leaf))
         return status;
-    return findBody(message, leaf, body);
-}
-
-template <class Record, class Fill>
-int analyseStream(Message& message, void** result, const Leaf& leaf, const char* name, int (*init)(Record*),
-                  Fill fill)
-{
     ElementReader body;
-    if (const int status = openStreamBody(message, leaf, body))
-        return status;
-    const ElementReader stream = body.child(name);
-    if (!stream)
-        return missingElement(leaf, name);
-    return giveRecord(result, init, [&](Record& record) { fill(stream, record); });
+    const int status = findBody(message, row.leaf, body);
+    return status != 0 ? status : giveParts(row, message, body, result);
 }
 
-int LiveStreamCmdStartMessageCompose(TextWriter& out, const StreamStart& record, int kind)
+constexpr MessageRow kStart =
+    message<LIVE_STREAM_CMD_STREAM_START_PARAM_init>(
+        "LiveStreamCmdStartMessageAnalysis", within<startRequest>("STREAM_START_PARAM", Kinds::kRequests),
+        over<startResponse>("TRANS_PARAM", Kinds::kNotRequests))
+        .reporting("STREAM_START_PARAM")
+        .quiet()
+        .headedBy<headerAttributes>()
+        .analysedBy(analyseStream);
+constexpr MessageRow kStop =
+    message<LIVE_STREAM_CMD_STREAM_STOP_PARAM_init>("LiveStreamCmdStopMessageAnalysis",
+                                                    within<stopAttributes>("STREAM_STOP_PARAM", Kinds::kAll))
+        .analysedBy(analyseStream);
+constexpr MessageRow kQuality =
+    message<LIVE_STREAM_CMD_STREAM_QUALITY_PARAM_init>(
+        "LiveStreamCmdQualityMessageAnalysis", within<qualityAttributes>("STREAM_QUALITY_PARAM", Kinds::kAll))
+        .analysedBy(analyseStream);
+
+constexpr CodeRow kCodes[] = {
+    {0, &kStart, nullptr, 0, "CMD_STREAM_START"},
+    {1, &kStop, nullptr, 0, "CMD_STREAM_STOP"},
+    {2, &kQuality, Erased<LIVE_STREAM_CMD_STREAM_QUALITY_PARAM_init>::call, 0, "CMD_STREAM_QUALITY"},
+    {1062, &kStart, Erased<LIVE_STREAM_1062_PARAM_init>::call},
+};
+
+// --- Dispatch ------------------------------------------------------------------------------------
+
+int unknownStreamCode(const Family& family, std::string_view code)
 {
-    if (isRequest(kind)) {
-        element(out, "STREAM_START_PARAM", [&](TextWriter& side) { startRequest(side, record); });
-    } else if (isSet(record.VideoStream)) {
-        element(out, "TRANS_PARAM", [&](TextWriter& side) { transport(side, record); });
-        mediaParams(out, record, record.AudioEnable > 0);
-    }
-    return 0;
+    ZelProtocolLogError("%s deal a unknow Msg_code:%.*s !!!\n", family.name, printedLength(code),
+                        code.data());
+    return ZEL_ERR_UNKNOWN_MSG;
 }
 
-int LiveStreamCmdStartMessageAnalysis(Message& message, void** result)
+int analyseWord(const Family& family, Message& message, std::string_view code, void** result)
 {
-    const Leaf leaf{__func__, true};
-    ElementReader body;
-    if (const int status = openStreamBody(message, leaf, body))
-        return status;
-    const ElementReader request = body.child("STREAM_START_PARAM");
-    const ElementReader response = request ? ElementReader() : body.child("TRANS_PARAM");
-    if (!request && !response)
-        return missingElement(leaf, "STREAM_START_PARAM");
-    return giveRecord(result, LIVE_STREAM_CMD_STREAM_START_PARAM_init, [&](StreamStart& record) {
-        element(message.root, "MESSAGE_HEADER", [&](auto& header) { headerAttributes(header, record); });
-        if (request) {
-            startRequest(request, record);
-        } else {
-            transport(response, record);
-            mediaParams(body, record, true);
-        }
-    });
+    if (message.isNull() || !code.data())
+        return emptyParam(family.name);
+    const CodeRow* const found = findWord(family, code);
+    return found ? analyse(*found->row, message, result) : family.unknown(family, code);
 }
 
-int LiveStreamCmdStopMessageCompose(TextWriter& out, const StreamStop& record, int)
+bool writesHeader(const void* record, int kind, std::string_view code)
 {
-    element(out, "STREAM_STOP_PARAM", [&](TextWriter& side) { stopAttributes(side, record); });
-    return 0;
+    const CodeRow* const found = findWord(kLiveStreamFamily, code);
+    return found && found->row == &kStart && !isRequest(kind) && isSet(as<StreamStart>(record).ConnectNum);
 }
 
-int LiveStreamCmdStopMessageAnalysis(Message& message, void** result)
+void composeHeader(TextWriter& out, const void* record, int kind, std::string_view code)
 {
-    return analyseStream(message, result, {__func__}, "STREAM_STOP_PARAM",
-                         LIVE_STREAM_CMD_STREAM_STOP_PARAM_init, stopAttributes);
-}
-
-int LiveStreamCmdQualityMessageCompose(TextWriter& out, const StreamQuality& record, int)
-{
-    element(out, "STREAM_QUALITY_PARAM", [&](TextWriter& side) { qualityAttributes(side, record); });
-    return 0;
-}
-
-int LiveStreamCmdQualityMessageAnalysis(Message& message, void** result)
-{
-    return analyseStream(message, result, {__func__}, "STREAM_QUALITY_PARAM",
-                         LIVE_STREAM_CMD_STREAM_QUALITY_PARAM_init, qualityAttributes);
+    if (writesHeader(record, kind, code))
+        kStart.header(out, const_cast<void*>(record));
 }
 
 } // namespace
 
-// --- Dispatch ------------------------------------------------------------------------------------
-
-void liveStreamHeader(TextWriter& out, const void* record, int kind, std::string_view code)
-{
-    if (writesHeader(record, kind, code))
-        headerAttributes(out, as<StreamStart>(record));
-}
-
-int LiveStreamMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code)
-{
-    if (isStart(code))
-        return LiveStreamCmdStartMessageCompose(out, as<StreamStart>(record), kind);
-    if (code == "CMD_STREAM_STOP")
-        return LiveStreamCmdStopMessageCompose(out, as<StreamStop>(record), kind);
-    if (code == "CMD_STREAM_QUALITY")
-        return LiveStreamCmdQualityMessageCompose(out, as<StreamQuality>(record), kind);
-    return unknownStreamCode(code);
-}
-
-int LiveStreamMessageAnalysis(Message& message, std::string_view code, void** result)
-{
-    if (message.isNull() || !code.data())
-        return emptyParam(kFamily);
-    if (isStart(code))
-        return LiveStreamCmdStartMessageAnalysis(message, result);
-    if (code == "CMD_STREAM_STOP")
-        return LiveStreamCmdStopMessageAnalysis(message, result);
-    if (code == "CMD_STREAM_QUALITY")
-        return LiveStreamCmdQualityMessageAnalysis(message, result);
-    return unknownStreamCode(code);
-}
+extern constexpr Family kLiveStreamFamily =
+    Family("LIVE_STREAM_MESSAGE", kCodes, composeWord, analyseWord, unknownStreamCode)
+        .withHeader(composeHeader);
 
 } // namespace zel
 
@@ -240,53 +193,46 @@ int LIVE_STREAM_CMD_STREAM_START_PARAM_init(LIVE_STREAM_CMD_STREAM_START_PARAM* 
     });
 }
 
-int LIVE_STREAM_1062_PARAM_init(LIVE_STREAM_1062_PARAM* param)
-{
-    return LIVE_STREAM_CMD_STREAM_START_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(LIVE_STREAM_1062_PARAM, LIVE_STREAM_CMD_STREAM_START_PARAM)
 
 int LIVE_STREAM_CMD_STREAM_STOP_PARAM_init(LIVE_STREAM_CMD_STREAM_STOP_PARAM* param)
 {
     return zel::initRecord(param);
 }
 
-int LIVE_STREAM_CMD_STREAM_QUALITY_PARAM_init(LIVE_STREAM_CMD_STREAM_QUALITY_PARAM* param)
-{
-    return LIVE_STREAM_CMD_STREAM_STOP_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(LIVE_STREAM_CMD_STREAM_QUALITY_PARAM, LIVE_STREAM_CMD_STREAM_STOP_PARAM)
 
 int LiveStreamMessageCompose(const void* record, int kind, const char* code, char* buf, int len,
                              char* headBuf, int headSize, int headUsed)
 {
-    const int status =
-        zel::composeCode<zel::LiveStreamMessageCompose>(zel::kFamily, record, kind, code, buf, len);
+    const int status = zel::composeBody(zel::kLiveStreamFamily, record, kind, code, buf, len);
     if (status != 0 || !record || !zel::writesHeader(record, kind, code))
         return status;
     if (!headBuf || headSize < 1)
-        return zel::emptyParam(zel::kFamily);
+        return zel::emptyParam(zel::kLiveStreamFamily.name);
     if (headUsed < 0 || headUsed >= headSize)
         return ZEL_ERR_BUFFER_SMALL;
     zel::TextWriter out(headBuf + headUsed, static_cast<size_t>(headSize - headUsed) - 1);
-    zel::liveStreamHeader(out, record, kind, code);
+    zel::composeHeader(out, record, kind, code);
     return zel::finishBody(out, 0);
 }
 
 int LiveStreamMessageAnalysis(const char* text, const char* code, void** result)
 {
-    return zel::analyseCode<zel::LiveStreamMessageAnalysis>(text, code, result);
+    return zel::analyseText(zel::kLiveStreamFamily, text, code, result);
 }
 
 int LiveStreamCmdStartMessageAnalysis(const char* text, void** result)
 {
-    return zel::analyseText<zel::LiveStreamCmdStartMessageAnalysis>(text, result);
+    return zel::analyse(zel::kStart, text, result);
 }
 
 int LiveStreamCmdStopMessageAnalysis(const char* text, void** result)
 {
-    return zel::analyseText<zel::LiveStreamCmdStopMessageAnalysis>(text, result);
+    return zel::analyse(zel::kStop, text, result);
 }
 
 int LiveStreamCmdQualityMessageAnalysis(const char* text, void** result)
 {
-    return zel::analyseText<zel::LiveStreamCmdQualityMessageAnalysis>(text, result);
+    return zel::analyse(zel::kQuality, text, result);
 }

@@ -1,445 +1,367 @@
 #include "zel_protocol/media_data.h"
 
 #include <algorithm>
+#include <cstddef>
 
 #include "core/families.h"
 #include "core/raw_data.h"
-#include "core/records.h"
 #include "zel_platform/log.h"
 
 namespace zel {
 
 namespace {
 
-constexpr char kFamily[] = "MEDIA_DATA_MESSAGE";
-
 // A channel that stands for none: it isn't written.
 constexpr int32_t kNoChannel = 255;
 
 // --- Attribute lists, for both directions --------------------------------------------------------
 
-constexpr auto position = [](auto& side, auto& record) {
+template <class Record>
+void position(Side& side, Record& record)
+{
     attribute(side, "StartPos", record.StartPos);
     attribute(side, "DataLen", record.DataLen);
-};
+}
 
-constexpr auto positionAndXml = [](auto& side, auto& record) {
+void positionAndXml(Side& side, MEDIA_DATA_3_PARAM& record)
+{
     position(side, record);
     attributeIfSet(side, "XmlLen", record.XmlLen);
-};
+}
 
-constexpr auto xmlAndPosition = [](auto& side, auto& record) {
+template <class Record>
+void xmlAndPosition(Side& side, Record& record)
+{
     attribute(side, "XmlLen", record.XmlLen);
     position(side, record);
-};
+}
 
-constexpr auto channel = [](auto& side, auto& record) { attribute(side, "ChannelId", record.ChannelId); };
+void uploadResponse(Side& side, MEDIA_DATA_1_PARAM& record)
+{
+    if (const Element response = elementIf(isSet(record.Type), side, "RESPONSE_PARAM"))
+        attribute(side, "Type", record.Type);
+}
 
-constexpr auto uploadResponse = [](auto& side, auto& record) { attribute(side, "Type", record.Type); };
-
-constexpr auto downloadResponse = [](auto& side, auto& record) {
+void downloadResponse(Side& side, MEDIA_DATA_2_PARAM& record)
+{
     attribute(side, "RemoteFileName", record.RemoteFileName);
     attribute(side, "LocalFileName", record.LocalFileName);
     attribute(side, "StartPos", record.StartPos);
     attribute(side, "ErrorCode", record.ErrorCode);
-};
+}
 
-constexpr auto pictureInfo = [](auto& side, auto& record) {
-    attribute(side, "DataType", record.DataType);
-    attribute(side, "DataTotalLen", record.DataTotalLen);
-    attribute(side, "DataName", record.DataName);
-    attribute(side, "Timestamp", record.Timestamp);
-    attribute(side, "SerialNum", record.SerialNum);
-};
+void pictureInfo(Side& side, MEDIA_DATA_4_PARAM& record)
+{
+    if (const Element info = element(side, "DataInfo")) {
+        attribute(side, "DataType", record.DataType);
+        attribute(side, "DataTotalLen", record.DataTotalLen);
+        attribute(side, "DataName", record.DataName);
+        attribute(side, "Timestamp", record.Timestamp);
+        attribute(side, "SerialNum", record.SerialNum);
+    }
+}
 
-constexpr auto face = [](auto& side, auto& record) {
-    attribute(side, "SerialNum", record.SerialNum);
-    attribute(side, "Alias", record.Alias);
-};
+// Unlike that of the face list, a request's XmlLen is read although it isn't written.
+void pictureRequest(Side& side, MEDIA_DATA_4_PARAM& record)
+{
+    if (const Element chunk = element(side, "POS")) {
+        attributeRead(side, "XmlLen", record.XmlLen);
+        position(side, record);
+    }
+    pictureInfo(side, record);
+}
 
-constexpr auto numberAndType = [](auto& side, auto& record) {
-    attribute(side, "DataNum", record.DataNum);
-    attribute(side, "ListType", record.ListType);
-};
+void pictureResponse(Side& side, MEDIA_DATA_4_PARAM& record)
+{
+    if (side.writes() && side.takes(!isSet(record.ChannelId)))
+        pictureInfo(side, record);
+    if (side.takes(isSet(record.ChannelId))) {
+        if (const Element response = elementIf(record.ChannelId != kNoChannel, side, "RESPONSE_PARAM"))
+            attribute(side, "ChannelId", record.ChannelId);
+        if (const Element chunk = element(side, "POS"))
+            xmlAndPosition(side, record);
+    }
+}
 
-constexpr auto exportInfo = [](auto& side, auto& record) {
-    face(side, record);
-    attribute(side, "ListType", record.ListType);
-    attribute(side, "DataNum", record.DataNum);
-};
+void exportRequest(Side& side, MEDIA_DATA_5_PARAM& record)
+{
+    if (const Element info = element(side, "DataInfo")) {
+        attribute(side, "SerialNum", record.SerialNum);
+        attribute(side, "Alias", record.Alias);
+        attribute(side, "ListType", record.ListType);
+        attribute(side, "DataNum", record.DataNum);
+    }
+    if (const Element chunk = element(side, "POS"))
+        position(side, record);
+}
 
-constexpr auto faceListInfo = [](auto& side, auto& record) {
-    attribute(side, "TotalData", record.TotalData);
-    numberAndType(side, record);
-};
+void exportResponse(Side& side, MEDIA_DATA_5_PARAM& record)
+{
+    if (const Element response = elementIf(isSet(record.ChannelId), side, "RESPONSE_PARAM"))
+        attribute(side, "ChannelId", record.ChannelId);
+    if (const Element chunk = elementIf(isSet(record.DataLen), side, "POS"))
+        xmlAndPosition(side, record);
+}
 
-constexpr auto thumbnailTime = [](auto& side, auto& record) { attribute(side, "Time", record.Time[0]); };
+void face(Side& side, stHumanFaceInfo& row)
+{
+    attribute(side, "SerialNum", row.SerialNum);
+    attribute(side, "Alias", row.Alias);
+}
 
-constexpr auto thumbnailPosition = [](auto& side, auto& record) {
-    attribute(side, "TotalLen", record.TotalLen);
-    position(side, record);
-};
+bool hasNumber(const stHumanFaceInfo& row)
+{
+    return isSet(row.SerialNum);
+}
+
+void faces(Side& side, MEDIA_DATA_6_PARAM& record)
+{
+    const size_t counted = countedRows(side, record.DataNum, record.stFaces);
+    rowElements<face>(side, "HumanFaceInfo", record.stFaces,
+                      rowsInUse(side, record.stFaces, hasNumber, counted));
+}
+
+void deleteRequest(Side& side, MEDIA_DATA_6_PARAM& record)
+{
+    if (const Element info = element(side, "DataInfo")) {
+        attribute(side, "DataNum", record.DataNum);
+        attribute(side, "ListType", record.ListType);
+    }
+    faces(side, record);
+}
+
+void faceListRequest(Side& side, MEDIA_DATA_7_PARAM& record)
+{
+    if (const Element info = element(side, "DataInfo")) {
+        attribute(side, "TotalData", record.TotalData);
+        attribute(side, "DataNum", record.DataNum);
+        attribute(side, "ListType", record.ListType);
+    }
+}
+
+void faceListResponse(Side& side, MEDIA_DATA_7_PARAM& record)
+{
+    faceListRequest(side, record);
+    faces(side, record);
+}
+
+// --- Lists of short texts ------------------------------------------------------------------------
+
+using ShortText = char[16];
+
+// Up to the first empty one, each with a comma behind it.
+char* printTexts(char* at, const void* items, size_t count)
+{
+    const auto* const texts = static_cast<const ShortText*>(items);
+    for (size_t i = 0; i < count && isSet(texts[i]); ++i) {
+        const size_t length = textLength(texts[i]);
+        memcpy(at, texts[i], length);
+        at += length;
+        *at++ = ',';
+    }
+    return at;
+}
+
+// Pieces between commas, empty ones passed over; a long one fills its entry to the last byte.
+void scanTexts(std::string_view value, void* items, size_t count)
+{
+    auto* const texts = static_cast<ShortText*>(items);
+    for (size_t i = 0; i < count; ++i) {
+        value.remove_prefix(std::min(value.find_first_not_of(','), value.size()));
+        const std::string_view piece = value.substr(0, value.find(','));
+        if (piece.empty())
+            return;
+        clear(texts[i]);
+        memcpy(texts[i], piece.data(), std::min(piece.size(), sizeof texts[i]));
+        value.remove_prefix(piece.size());
+    }
+}
+
+constexpr ValueForm kTexts = {ZEL_FORM_TEXT_LIST, sizeof(ShortText) + 1, printTexts, scanTexts};
+
+template <size_t Count>
+void textsAttribute(Side& side, Name name, ShortText (&texts)[Count])
+{
+    valueAttribute(side, name, kTexts, texts, sizeof texts, Count);
+}
+
+void thumbnailRequest(Side& side, MEDIA_DATA_8_PARAM& record)
+{
+    textsAttribute(side, "TimeList", record.Time);
+    if (!side.writes()) {
+        textsAttribute(side, "DurationList", record.Duration);
+        textsAttribute(side, "EventTypeList", record.EventType);
+    }
+}
+
+void thumbnailResponse(Side& side, MEDIA_DATA_8_PARAM& record)
+{
+    if (const Element response = element(side, "RESPONSE_PARAM"))
+        attribute(side, "Time", record.Time[0]);
+    if (const Element image = element(side, "ImageInfo")) {
+        attribute(side, "TotalLen", record.TotalLen);
+        position(side, record);
+    }
+}
 
 // --- Announced data ------------------------------------------------------------------------------
 
-template <size_t N, class Record, class Attributes>
-void announcingElement(TextWriter& out, const char (&name)[N], const Record& record, Attributes attributes,
-                       int& extraLength)
+// Whether a message goes out with an element that announces data.
+template <class Record>
+bool inRequest(const Record&, int kind)
 {
-    element(out, name, [&](TextWriter& side) { attributes(side, record); });
-    announceRawData(extraLength, record.DataLen);
+    return isRequest(kind);
 }
 
-// The record and behind it, in the same block, the data that the element announces, if it is there.
-template <class Record, class Fill>
-int giveRecordAndData(const Message& message, void** result, const Leaf& leaf, int (*init)(Record*),
-                      const ElementReader& announcing, Fill fill)
+bool withPicture(const MEDIA_DATA_4_PARAM& record, int kind)
 {
-    int32_t dataLength = -1;
-    attribute(announcing, "DataLen", dataLength);
+    return isRequest(kind) || isSet(record.ChannelId);
+}
+
+bool withExport(const MEDIA_DATA_5_PARAM& record, int kind)
+{
+    return isRequest(kind) || isSet(record.DataLen);
+}
+
+bool withThumbnail(const MEDIA_DATA_8_PARAM&, int kind)
+{
+    return !isRequest(kind);
+}
+
+template <class Record, bool (*announces)(const Record&, int)>
+int composeData(const MessageRow& row, Outbound& outbound)
+{
+    const auto& record = as<Record>(outbound.record);
+    if (announces(record, outbound.kind))
+        announceRawData(outbound.extraLength, record.DataLen);
+    return composeParts(row, outbound);
+}
+
+// What the element that announces says; -1 if it isn't there.
+int32_t announcedLength(const ElementReader& body)
+{
+    const ElementReader chunk = body.child("POS");
+    TreeReader side(chunk ? chunk : body.child("ImageInfo"));
+    int32_t length = -1;
+    attribute(side, "DataLen", length);
+    return length;
+}
+
+// The record and behind it, in the same block, the announced data. lengthAt is the place of its DataLen.
+int giveRecordAndData(const MessageRow& row, const Part& part, const Message& message,
+                      const ElementReader& body, const ElementReader& place, size_t lengthAt, void** result)
+{
+    const int32_t dataLength = announcedLength(body);
     std::string_view data;
-    if (const int status = findRawData(message, leaf, dataLength, data))
+    if (const int status = findRawData(message, row.leaf, dataLength, data))
         return status;
-    Record* record = takeRecord(init, data.size());
+    auto* const record = static_cast<char*>(takeRecord(row.record, data.size()));
     if (!record)
         return ZEL_ERR_NO_MEMORY;
-    fill(*record);
+    TreeReader side(place);
+    part.list(side, record);
     // A malformed text may say it twice: the one that was checked counts.
-    record->DataLen = dataLength;
+    memcpy(record + lengthAt, &dataLength, sizeof dataLength);
     if (!data.empty()) {
-        record->pData = reinterpret_cast<char*>(record + 1);
-        memcpy(record->pData, data.data(), data.size());
+        char* const behind = record + row.record.size;
+        memcpy(behind, data.data(), data.size());
+        memcpy(record + row.record.pointerAt, &behind, sizeof behind);
     }
     *result = record;
     return 0;
 }
 
-// A response without data, or else a chunk.
-template <class Record, class Response>
-int analyseResponseOrChunk(Message& message, void** result, const Leaf& leaf, int (*init)(Record*),
-                           Response response)
+int analyseWithData(const MessageRow& row, Message& message, size_t lengthAt, void** result)
 {
     ElementReader body;
-    if (const int status = openBody(message, result, leaf, body))
+    if (const int status = openBody(message, result, row.leaf, body))
         return status;
-    if (const ElementReader element = body.child("RESPONSE_PARAM"))
-        return giveRecord(result, init, [&](Record& record) { response(element, record); });
-    const ElementReader chunk = body.child("POS");
-    if (!chunk)
-        return missingElement(leaf, "POS");
-    return giveRecordAndData(message, result, leaf, init, chunk,
-                             [&](Record& record) { position(chunk, record); });
-}
-
-// A channel or else a description, and either may announce a chunk.
-template <class Record, class Info, class RequestPosition>
-int analyseChannelOrInfo(Message& message, void** result, const Leaf& leaf, int (*init)(Record*), Info info,
-                         RequestPosition requestPosition)
-{
-    ElementReader body;
-    if (const int status = openBody(message, result, leaf, body))
-        return status;
-    const ElementReader response = body.child("RESPONSE_PARAM");
-    const ElementReader request = response ? ElementReader() : body.child("DataInfo");
-    if (!response && !request)
-        return missingElement(leaf, "POS");
-    const ElementReader chunk = body.child("POS");
-    return giveRecordAndData(message, result, leaf, init, chunk, [&](Record& record) {
-        if (response) {
-            channel(response, record);
-            xmlAndPosition(chunk, record);
-        } else {
-            info(request, record);
-            requestPosition(chunk, record);
+    for (const Part& part : row.parts) {
+        if (const ElementReader found = findPart(part, body)) {
+            const ElementReader& place = part.isWithin ? found : body;
+            return part.tail != Tail::kNone
+                       ? giveRecordAndData(row, part, message, body, place, lengthAt, result)
+                       : givePart(row, part, message, place, result);
         }
-    });
+    }
+    return missingElement(row.leaf, row.missing);
 }
 
-// --- Face lists ----------------------------------------------------------------------------------
-
-void composeFaces(TextWriter& out, const MEDIA_DATA_6_PARAM& record)
+// A part with a tail has the announced data behind its record.
+template <class Record>
+int analyseData(const MessageRow& row, Message& message, void** result)
 {
-    const size_t count = clampCount(record.DataNum, std::size(record.stFaces));
-    for (size_t i = 0; i < count && isSet(record.stFaces[i].SerialNum); ++i)
-        element(out, "HumanFaceInfo", [&](TextWriter& side) { face(side, record.stFaces[i]); });
+    return analyseWithData(row, message, offsetof(Record, DataLen), result);
 }
 
-template <class Info>
-int analyseFaceList(Message& message, void** result, const Leaf& leaf, int (*init)(MEDIA_DATA_6_PARAM*),
-                    const char* missing, Info info)
+int analyseIntercom(const MessageRow& row, Message& message, void** result)
 {
     ElementReader body;
-    if (const int status = openBody(message, result, leaf, body))
+    if (const int status = openBody(message, result, row.leaf, body))
         return status;
-    const ElementReader list = body.child("DataInfo");
-    if (!list)
-        return missingElement(leaf, missing);
-    return giveRecord(result, init, [&](MEDIA_DATA_6_PARAM& record) {
-        info(list, record);
-        rowElements(body, "HumanFaceInfo", record.stFaces, face);
-    });
-}
-
-// --- Lists of short texts ------------------------------------------------------------------------
-
-using ShortTexts = char[20][16];
-
-void composeTexts(TextWriter& out, const ShortTexts& texts)
-{
-    for (const auto& text : texts) {
-        if (!isSet(text))
-            break;
-        appendText(out, text);
-        out.append(",");
+    if (!body.child("POS"))
+        return missingElement(row.leaf, "POS");
+    const int32_t dataLength = announcedLength(body);
+    const auto textSize = static_cast<int>(message.text.size());
+    const auto endCode = static_cast<int>(kEndCodeSize);
+    if (int64_t{textSize} + endCode + dataLength != message.sourceLength) {
+        ZelProtocolLogError("%s date size error : xmllen(%d) datalen(%d) endcode(%d) all(%d)\n",
+                            row.leaf.name, textSize, dataLength, endCode, message.sourceLength);
+        return ZEL_ERR_BAD_CONTENT;
     }
-}
-
-// Pieces between commas, empty ones passed over; a long one fills its entry to the last byte.
-void readTexts(const ElementReader& in, const char* name, ShortTexts& texts)
-{
-    const char* rest = in.value(name);
-    if (!rest)
-        return;
-    for (auto& text : texts) {
-        rest += strspn(rest, ",");
-        const size_t length = strcspn(rest, ",");
-        if (length == 0)
-            return;
-        clear(text);
-        memcpy(text, rest, std::min(length, sizeof text));
-        rest += length;
-    }
+    return analyseData<MEDIA_DATA_3_PARAM>(row, message, result);
 }
 
 // --- Messages ------------------------------------------------------------------------------------
 
-int MediaData_UploadData_MessageCompose(TextWriter& out, const MEDIA_DATA_1_PARAM& record, int kind,
-                                        int& extraLength)
+template <auto init, auto announces, class Record = typename Erased<init>::Type>
+constexpr MessageRow dataMessage(const char* name, Part first, Part second = {})
 {
-    if (isRequest(kind))
-        announcingElement(out, "POS", record, position, extraLength);
-    else if (isSet(record.Type))
-        element(out, "RESPONSE_PARAM", [&](TextWriter& side) { uploadResponse(side, record); });
-    return 0;
+    return message<init>(name, first, second)
+        .reporting("POS")
+        .followedBy(ZEL_BEHIND_RAW_DATA, offsetof(Record, pData))
+        .composedBy(composeData<Record, announces>)
+        .analysedBy(analyseData<Record>);
 }
 
-int MediaData_UploadData_MessageAnalysis(Message& message, void** result)
-{
-    return analyseResponseOrChunk(message, result, {__func__}, MEDIA_DATA_1_PARAM_init, uploadResponse);
-}
+constexpr MessageRow kUpload = dataMessage<MEDIA_DATA_1_PARAM_init, inRequest<MEDIA_DATA_1_PARAM>>(
+    "MediaData_UploadData_MessageAnalysis", over<uploadResponse>("RESPONSE_PARAM", Kinds::kNotRequests),
+    within<position<MEDIA_DATA_1_PARAM>>("POS", Kinds::kRequests).withTail());
+constexpr MessageRow kDownload = dataMessage<MEDIA_DATA_2_PARAM_init, inRequest<MEDIA_DATA_2_PARAM>>(
+    "MediaData_DownloadData_MessageAnalysis", response<downloadResponse>(Kinds::kNotRequests),
+    within<position<MEDIA_DATA_2_PARAM>>("POS", Kinds::kRequests).withTail());
+constexpr MessageRow kIntercom =
+    dataMessage<MEDIA_DATA_3_PARAM_init, inRequest<MEDIA_DATA_3_PARAM>>(
+        "MediaData_IntercomData_MessageAnalysis", within<positionAndXml>("POS", Kinds::kRequests).withTail())
+        .analysedBy(analyseIntercom);
+constexpr MessageRow kPicture = dataMessage<MEDIA_DATA_4_PARAM_init, withPicture>(
+    "MediaData_IntelligentPicData_MessageAnalysis",
+    over<pictureResponse>("RESPONSE_PARAM", Kinds::kNotRequests).withTail(),
+    over<pictureRequest>("DataInfo", Kinds::kRequests).withTail());
+constexpr MessageRow kExport = dataMessage<MEDIA_DATA_5_PARAM_init, withExport>(
+    "MediaData_ExportFaceListData_MessageAnalysis",
+    over<exportResponse>("RESPONSE_PARAM", Kinds::kNotRequests).withTail(),
+    over<exportRequest>("DataInfo", Kinds::kRequests).withTail());
+constexpr MessageRow kDelete = message<MEDIA_DATA_6_PARAM_init>(
+    "MediaData_DeleteFaceData_MessageAnalysis", over<deleteRequest>("DataInfo", Kinds::kRequests));
+constexpr MessageRow kFaceList =
+    message<MEDIA_DATA_7_PARAM_init>("MediaData_GetFaceListData_MessageAnalysis",
+                                     over<faceListResponse>("DataInfo", Kinds::kNotRequests),
+                                     written<faceListRequest>(Kinds::kRequests))
+        .reporting("POS");
+constexpr MessageRow kThumbnail = dataMessage<MEDIA_DATA_8_PARAM_init, withThumbnail>(
+    "MediaData_GetAlarmThumbail_MessageAnalysis",
+    over<thumbnailResponse>("RESPONSE_PARAM", Kinds::kNotRequests).withTail(), request<thumbnailRequest>());
 
-int MediaData_DownloadData_MessageCompose(TextWriter& out, const MEDIA_DATA_2_PARAM& record, int kind,
-                                          int& extraLength)
-{
-    if (isRequest(kind))
-        announcingElement(out, "POS", record, position, extraLength);
-    else
-        element(out, "RESPONSE_PARAM", [&](TextWriter& side) { downloadResponse(side, record); });
-    return 0;
-}
-
-int MediaData_DownloadData_MessageAnalysis(Message& message, void** result)
-{
-    return analyseResponseOrChunk(message, result, {__func__}, MEDIA_DATA_2_PARAM_init, downloadResponse);
-}
-
-int MediaData_IntercomData_MessageCompose(TextWriter& out, const MEDIA_DATA_3_PARAM& record, int kind,
-                                          int& extraLength)
-{
-    if (isRequest(kind))
-        announcingElement(out, "POS", record, positionAndXml, extraLength);
-    return 0;
-}
-
-int MediaData_IntercomData_MessageAnalysis(Message& message, void** result)
-{
-    const Leaf leaf{__func__};
-    ElementReader body;
-    if (const int status = openBody(message, result, leaf, body))
-        return status;
-    const ElementReader chunk = body.child("POS");
-    if (!chunk)
-        return missingElement(leaf, "POS");
-    int32_t dataLength = -1;
-    attribute(chunk, "DataLen", dataLength);
-    const auto textSize = static_cast<int>(message.text.size());
-    const auto endCode = static_cast<int>(kEndCodeSize);
-    if (int64_t{textSize} + endCode + dataLength != message.sourceLength) {
-        ZelProtocolLogError("%s date size error : xmllen(%d) datalen(%d) endcode(%d) all(%d)\n", leaf.name,
-                            textSize, dataLength, endCode, message.sourceLength);
-        return ZEL_ERR_BAD_CONTENT;
-    }
-    return giveRecordAndData(message, result, leaf, MEDIA_DATA_3_PARAM_init, chunk,
-                             [&](auto& record) { positionAndXml(chunk, record); });
-}
-
-int MediaData_IntelligentPicData_MessageCompose(TextWriter& out, const MEDIA_DATA_4_PARAM& record, int kind,
-                                                int& extraLength)
-{
-    const auto info = [&] { element(out, "DataInfo", [&](TextWriter& side) { pictureInfo(side, record); }); };
-    if (isRequest(kind)) {
-        announcingElement(out, "POS", record, position, extraLength);
-        info();
-    } else if (!isSet(record.ChannelId)) {
-        info();
-    } else {
-        if (record.ChannelId != kNoChannel)
-            element(out, "RESPONSE_PARAM", [&](TextWriter& side) { channel(side, record); });
-        announcingElement(out, "POS", record, xmlAndPosition, extraLength);
-    }
-    return 0;
-}
-
-// Unlike that of the face list, a request's XmlLen is read although it isn't written.
-int MediaData_IntelligentPicData_MessageAnalysis(Message& message, void** result)
-{
-    return analyseChannelOrInfo(message, result, {__func__}, MEDIA_DATA_4_PARAM_init, pictureInfo,
-                                xmlAndPosition);
-}
-
-int MediaData_ExportFaceListData_MessageCompose(TextWriter& out, const MEDIA_DATA_5_PARAM& record, int kind,
-                                                int& extraLength)
-{
-    if (isRequest(kind)) {
-        element(out, "DataInfo", [&](TextWriter& side) { exportInfo(side, record); });
-        announcingElement(out, "POS", record, position, extraLength);
-        return 0;
-    }
-    if (isSet(record.ChannelId))
-        element(out, "RESPONSE_PARAM", [&](TextWriter& side) { channel(side, record); });
-    if (isSet(record.DataLen))
-        announcingElement(out, "POS", record, xmlAndPosition, extraLength);
-    return 0;
-}
-
-int MediaData_ExportFaceListData_MessageAnalysis(Message& message, void** result)
-{
-    return analyseChannelOrInfo(message, result, {__func__}, MEDIA_DATA_5_PARAM_init, exportInfo, position);
-}
-
-int MediaData_DeleteFaceData_MessageCompose(TextWriter& out, const MEDIA_DATA_6_PARAM& record, int kind)
-{
-    if (!isRequest(kind))
-        return 0;
-    element(out, "DataInfo", [&](TextWriter& side) { numberAndType(side, record); });
-    composeFaces(out, record);
-    return 0;
-}
-
-int MediaData_DeleteFaceData_MessageAnalysis(Message& message, void** result)
-{
-    return analyseFaceList(message, result, {__func__}, MEDIA_DATA_6_PARAM_init, "DataInfo", numberAndType);
-}
-
-int MediaData_GetFaceListData_MessageCompose(TextWriter& out, const MEDIA_DATA_7_PARAM& record, int kind)
-{
-    element(out, "DataInfo", [&](TextWriter& side) { faceListInfo(side, record); });
-    if (!isRequest(kind))
-        composeFaces(out, record);
-    return 0;
-}
-
-int MediaData_GetFaceListData_MessageAnalysis(Message& message, void** result)
-{
-    return analyseFaceList(message, result, {__func__}, MEDIA_DATA_7_PARAM_init, "POS", faceListInfo);
-}
-
-int MediaData_GetAlarmThumbail_MessageCompose(TextWriter& out, const MEDIA_DATA_8_PARAM& record, int kind,
-                                              int& extraLength)
-{
-    if (isRequest(kind)) {
-        element(out, "REQUEST_PARAM", [&](TextWriter& side) {
-            side.append("TimeList=\"");
-            composeTexts(side, record.Time);
-            side.append("\"\n");
-        });
-    } else {
-        element(out, "RESPONSE_PARAM", [&](TextWriter& side) { thumbnailTime(side, record); });
-        announcingElement(out, "ImageInfo", record, thumbnailPosition, extraLength);
-    }
-    return 0;
-}
-
-int MediaData_GetAlarmThumbail_MessageAnalysis(Message& message, void** result)
-{
-    const Leaf leaf{__func__};
-    ElementReader body;
-    if (const int status = openBody(message, result, leaf, body))
-        return status;
-    if (const ElementReader response = body.child("RESPONSE_PARAM")) {
-        const ElementReader image = body.child("ImageInfo");
-        return giveRecordAndData(message, result, leaf, MEDIA_DATA_8_PARAM_init, image, [&](auto& record) {
-            thumbnailTime(response, record);
-            thumbnailPosition(image, record);
-        });
-    }
-    const ElementReader request = body.child("REQUEST_PARAM");
-    if (!request)
-        return missingElement(leaf, "POS");
-    return giveRecord(result, MEDIA_DATA_8_PARAM_init, [&](MEDIA_DATA_8_PARAM& record) {
-        readTexts(request, "TimeList", record.Time);
-        readTexts(request, "DurationList", record.Duration);
-        readTexts(request, "EventTypeList", record.EventType);
-    });
-}
+constexpr CodeRow kCodes[] = {
+    {1, &kUpload}, {2, &kDownload}, {3, &kIntercom}, {4, &kPicture},
+    {5, &kExport}, {6, &kDelete},   {7, &kFaceList}, {8, &kThumbnail},
+};
+static_assert(isAscending(kCodes));
 
 } // namespace
 
-// --- Dispatch ------------------------------------------------------------------------------------
-
-int MediaDataMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code,
-                            int& extraLength)
-{
-    switch (const int32_t number = numberOf(code)) {
-    case 1:
-        return MediaData_UploadData_MessageCompose(out, as<MEDIA_DATA_1_PARAM>(record), kind, extraLength);
-    case 2:
-        return MediaData_DownloadData_MessageCompose(out, as<MEDIA_DATA_2_PARAM>(record), kind, extraLength);
-    case 3:
-        return MediaData_IntercomData_MessageCompose(out, as<MEDIA_DATA_3_PARAM>(record), kind, extraLength);
-    case 4:
-        return MediaData_IntelligentPicData_MessageCompose(out, as<MEDIA_DATA_4_PARAM>(record), kind,
-                                                           extraLength);
-    case 5:
-        return MediaData_ExportFaceListData_MessageCompose(out, as<MEDIA_DATA_5_PARAM>(record), kind,
-                                                           extraLength);
-    case 6:
-        return MediaData_DeleteFaceData_MessageCompose(out, as<MEDIA_DATA_6_PARAM>(record), kind);
-    case 7:
-        return MediaData_GetFaceListData_MessageCompose(out, as<MEDIA_DATA_7_PARAM>(record), kind);
-    case 8:
-        return MediaData_GetAlarmThumbail_MessageCompose(out, as<MEDIA_DATA_8_PARAM>(record), kind,
-                                                         extraLength);
-    default:
-        return unknownCode(kFamily, number);
-    }
-}
-
-int MediaDataMessageAnalysis(Message& message, std::string_view code, void** result)
-{
-    if (lacksArgument(message, code, result))
-        return emptyParam(kFamily);
-    switch (const int32_t number = numberOf(code)) {
-    case 1:
-        return MediaData_UploadData_MessageAnalysis(message, result);
-    case 2:
-        return MediaData_DownloadData_MessageAnalysis(message, result);
-    case 3:
-        return MediaData_IntercomData_MessageAnalysis(message, result);
-    case 4:
-        return MediaData_IntelligentPicData_MessageAnalysis(message, result);
-    case 5:
-        return MediaData_ExportFaceListData_MessageAnalysis(message, result);
-    case 6:
-        return MediaData_DeleteFaceData_MessageAnalysis(message, result);
-    case 7:
-        return MediaData_GetFaceListData_MessageAnalysis(message, result);
-    case 8:
-        return MediaData_GetAlarmThumbail_MessageAnalysis(message, result);
-    default:
-        return unknownCode(kFamily, number);
-    }
-}
+extern constexpr Family kMediaDataFamily("MEDIA_DATA_MESSAGE", kCodes);
 
 } // namespace zel
 
@@ -487,10 +409,7 @@ int MEDIA_DATA_6_PARAM_init(MEDIA_DATA_6_PARAM* param)
     });
 }
 
-int MEDIA_DATA_7_PARAM_init(MEDIA_DATA_7_PARAM* param)
-{
-    return MEDIA_DATA_6_PARAM_init(param);
-}
+ZEL_EXPORT_INIT(MEDIA_DATA_7_PARAM, MEDIA_DATA_6_PARAM)
 
 int MEDIA_DATA_8_PARAM_init(MEDIA_DATA_8_PARAM* param)
 {
@@ -503,20 +422,15 @@ int MEDIA_DATA_8_PARAM_init(MEDIA_DATA_8_PARAM* param)
 int MediaDataMessageCompose(const void* record, int kind, const char* code, char* buf, int len,
                             int* iExtraLen)
 {
-    if (!code)
-        return zel::emptyParam(zel::kFamily);
-    return zel::composeAnnouncing(
-        zel::kFamily, record, buf, len, iExtraLen, [&](zel::TextWriter& out, int& extraLength) {
-            return zel::MediaDataMessageCompose(out, record, kind, code, extraLength);
-        });
+    return zel::composeAnnouncing(zel::kMediaDataFamily, record, kind, code, buf, len, iExtraLen);
 }
 
 int MediaDataMessageAnalysis(const char* text, const char* code, int srcLen, void** result)
 {
     if (!text || !code)
-        return zel::emptyParam(zel::kFamily);
+        return zel::emptyParam(zel::kMediaDataFamily.name);
     const auto received = static_cast<size_t>(srcLen);
     const size_t length = srcLen > 0 ? strnlen(text, received) : strlen(text);
     zel::Message message({text, length}, srcLen > 0 ? received : length, srcLen);
-    return zel::MediaDataMessageAnalysis(message, code, result);
+    return zel::kMediaDataFamily.analyse(zel::kMediaDataFamily, message, code, result);
 }

@@ -1,264 +1,148 @@
 #include "zel_protocol/nvr_replay.h"
 
 #include "core/families.h"
-#include "core/records.h"
 
 namespace zel {
 
 namespace {
 
-constexpr char kFamily[] = "NVR_REPLAY_MESSAGE";
-
 // --- Attribute lists, for both directions --------------------------------------------------------
 
-constexpr auto channel = [](auto& side, auto& record) { attribute(side, "ChannelId", record.ChannelId); };
+template <class Record>
+void channel(Side& side, Record& record)
+{
+    attribute(side, "ChannelId", record.ChannelId);
+}
 
-constexpr auto channelAndTime = [](auto& side, auto& record) {
+template <class Record>
+void channelAndTime(Side& side, Record& record)
+{
     attribute(side, "ChannelId", record.ChannelId);
     attribute(side, "Time", record.Time);
-};
+}
 
-constexpr auto recQueryResponse = [](auto& side, auto& record) {
+void recQueryResponse(Side& side, NVR_REPLAY_3001_PARAM& record)
+{
     attribute(side, "Stream", record.Stream);
     channelAndTime(side, record);
-};
+}
 
-constexpr auto streamStartRequest = [](auto& side, auto& record) {
+void streamStartRequest(Side& side, NVR_REPLAY_3002_PARAM& record)
+{
     channelAndTime(side, record);
     hexAttributeIfSet(side, "RecType", record.RecType);
     attributeIfSet(side, "AudioEnable", record.AudioEnable);
-};
+}
 
-constexpr auto speedControlResponse = [](auto& side, auto& record) {
+void speedControlResponse(Side& side, NVR_REPLAY_3004_PARAM& record)
+{
     attribute(side, "ChannelId", record.ChannelId);
     attributeIfSet(side, "Speed", record.Speed);
-};
+}
 
-constexpr auto speedControlRequest = [](auto& side, auto& record) {
+void speedControlRequest(Side& side, NVR_REPLAY_3004_PARAM& record)
+{
     attributeIfSet(side, "FrameType", record.FrameType);
     speedControlResponse(side, record);
-};
+}
 
-constexpr auto playJumpRequest = [](auto& side, auto& record) {
+void playJumpRequest(Side& side, NVR_REPLAY_3010_PARAM& record)
+{
     attribute(side, "Time", record.Time);
     attribute(side, "ChannelId", record.ChannelId);
-};
-
-constexpr auto queryByMonthResponse = [](auto& side, auto& record) {
-    attribute(side, "RecordData", record.RecordData);
-    channelAndTime(side, record);
-};
-
-constexpr auto queryBySencondRequest = [](auto& side, auto& record) {
-    channelAndTime(side, record);
-    attribute(side, "SequenceNumber", record.SequenceNumber);
-};
-
-constexpr auto queryBySencondResponse = [](auto& side, auto& record) {
-    channelAndTime(side, record);
-    attribute(side, "TotalPacketNum", record.TotalPacketNum);
-    attribute(side, "CurrentPacket", record.CurrentPacket);
-    attribute(side, "SequenceNumber", record.SequenceNumber);
-};
-
-constexpr auto timeSlices = [](auto& side, auto& record) {
-    element(side, "TIMECLICE_PARAM",
-            [&](auto& slices) { attribute(slices, "TimeSliceInfo", record.TimeSliceInfo); });
-};
-
-// --- Messages ------------------------------------------------------------------------------------
-
-int NvrReplay_RecQuery_MessageCompose(TextWriter& out, const NVR_REPLAY_3001_PARAM& record, int kind)
-{
-    return composeEither(out, record, kind, channelAndTime, recQueryResponse);
 }
 
-int NvrReplay_RecQuery_MessageAnalysis(Message& message, void** result)
+bool isOn(int32_t flag)
 {
-    return analyseEither(message, result, {__func__}, NVR_REPLAY_3001_PARAM_init, channelAndTime,
-                         recQueryResponse);
-}
-
-int NvrReplay_StreamStart_MessageCompose(TextWriter& out, const NVR_REPLAY_3002_PARAM& record, int kind)
-{
-    return composeEither(out, record, kind, streamStartRequest, channel);
-}
-
-int NvrReplay_StreamStart_MessageAnalysis(Message& message, void** result)
-{
-    return analyseEither(message, result, {__func__}, NVR_REPLAY_3002_PARAM_init, streamStartRequest,
-                         channel);
-}
-
-int NvrReplay_StreamControl_MessageCompose(TextWriter& out, const NVR_REPLAY_3003_PARAM& record, int kind)
-{
-    return composeEither(out, record, kind, channel, channel);
-}
-
-int NvrReplay_StreamControl_MessageAnalysis(Message& message, void** result)
-{
-    return analyseEither(message, result, {__func__}, NVR_REPLAY_3003_PARAM_init, channel, channel);
-}
-
-int NvrReplay_SpeedControl_MessageCompose(TextWriter& out, const NVR_REPLAY_3004_PARAM& record, int kind)
-{
-    return composeEither(out, record, kind, speedControlRequest, speedControlResponse);
-}
-
-int NvrReplay_SpeedControl_MessageAnalysis(Message& message, void** result)
-{
-    return analyseEither(message, result, {__func__}, NVR_REPLAY_3004_PARAM_init, speedControlRequest,
-                         speedControlResponse);
-}
-
-int NvrReplay_PlayJump_MessageCompose(TextWriter& out, const NVR_REPLAY_3010_PARAM& record, int kind)
-{
-    return composeEither(out, record, kind, playJumpRequest, channel);
-}
-
-int NvrReplay_PlayJump_MessageAnalysis(Message& message, void** result)
-{
-    return analyseEither(message, result, {__func__}, NVR_REPLAY_3010_PARAM_init, playJumpRequest, channel);
+    return flag != 0 && isSet(flag);
 }
 
 // The two flags aren't on the wire: they say what a response carries, and a received one leaves them alone.
-int NvrReplay_VedioParam_MessageCompose(TextWriter& out, const NVR_REPLAY_3012_PARAM& record, int kind)
+void videoParam(Side& side, NVR_REPLAY_3012_PARAM& record)
 {
-    if (isRequest(kind))
-        return 0;
-    element(out, "RESPONSE_PARAM", [&](TextWriter& side) {
-        attributeIfSet(side, "ChannelId", record.ChannelId);
-        if (record.iVideoParamSet != 0 && isSet(record.iVideoParamSet))
-            attribute(side, "VideoParam", record.VideoParam);
-        if (record.iAudioParamSet != 0 && isSet(record.iAudioParamSet))
-            attribute(side, "AudioParam", record.AudioParam);
-        attribute(side, "VideoSeconds", record.VideoSeconds);
-    });
-    return 0;
+    attributeIfSet(side, "ChannelId", record.ChannelId);
+    if (side.takes(isOn(record.iVideoParamSet)))
+        attribute(side, "VideoParam", record.VideoParam);
+    if (side.takes(isOn(record.iAudioParamSet)))
+        attribute(side, "AudioParam", record.AudioParam);
+    attribute(side, "VideoSeconds", record.VideoSeconds);
 }
 
-int NvrReplay_VedioParam_MessageAnalysis(Message& message, void** result)
+void queryByMonthResponse(Side& side, NVR_REPLAY_3016_PARAM& record)
 {
-    return analyseElement(message, result, {__func__}, "RESPONSE_PARAM", NVR_REPLAY_3012_PARAM_init,
-                          [](auto& side, auto& record) {
-                              attribute(side, "ChannelId", record.ChannelId);
-                              attribute(side, "VideoParam", record.VideoParam);
-                              attribute(side, "AudioParam", record.AudioParam);
-                              attribute(side, "VideoSeconds", record.VideoSeconds);
-                          });
+    attribute(side, "RecordData", record.RecordData);
+    channelAndTime(side, record);
 }
 
-int NvrReplay_QueryByMonth_MessageCompose(TextWriter& out, const NVR_REPLAY_3016_PARAM& record, int kind)
+void queryBySencondRequest(Side& side, NVR_REPLAY_3017_PARAM& record)
 {
-    return composeEither(out, record, kind, channelAndTime, queryByMonthResponse);
+    channelAndTime(side, record);
+    attribute(side, "SequenceNumber", record.SequenceNumber);
 }
 
-int NvrReplay_QueryByMonth_MessageAnalysis(Message& message, void** result)
+void queryBySencondResponse(Side& side, NVR_REPLAY_3017_PARAM& record)
 {
-    return analyseEither(message, result, {__func__}, NVR_REPLAY_3016_PARAM_init, channelAndTime,
-                         queryByMonthResponse);
+    if (const Element response = element(side, "RESPONSE_PARAM")) {
+        channelAndTime(side, record);
+        attribute(side, "TotalPacketNum", record.TotalPacketNum);
+        attribute(side, "CurrentPacket", record.CurrentPacket);
+        attribute(side, "SequenceNumber", record.SequenceNumber);
+    }
+    if (const Element slices = element(side, "TIMECLICE_PARAM"))
+        attribute(side, "TimeSliceInfo", record.TimeSliceInfo);
 }
 
-int NvrReplay_QueryBySencond_MessageCompose(TextWriter& out, const NVR_REPLAY_3017_PARAM& record, int kind)
-{
-    composeEither(out, record, kind, queryBySencondRequest, queryBySencondResponse);
-    if (!isRequest(kind))
-        timeSlices(out, record);
-    return 0;
-}
+// --- Messages ------------------------------------------------------------------------------------
 
-// The one form that looks for the request first.
-int NvrReplay_QueryBySencond_MessageAnalysis(Message& message, void** result)
-{
-    const Leaf leaf{__func__};
-    ElementReader body;
-    if (const int status = openBody(message, result, leaf, body))
-        return status;
-    const ElementReader request = body.child("REQUEST_PARAM");
-    const ElementReader response = request ? ElementReader() : body.child("RESPONSE_PARAM");
-    if (!request && !response)
-        return missingElement(leaf, "RESPONSE_PARAM");
-    return giveRecord(result, NVR_REPLAY_3017_PARAM_init, [&](auto& record) {
-        if (request) {
-            queryBySencondRequest(request, record);
-        } else {
-            queryBySencondResponse(response, record);
-            timeSlices(body, record);
-        }
-    });
-}
+constexpr MessageRow kRecQuery =
+    either<NVR_REPLAY_3001_PARAM_init, channelAndTime<NVR_REPLAY_3001_PARAM>, recQueryResponse>(
+        "NvrReplay_RecQuery_MessageAnalysis");
+constexpr MessageRow kStreamStart =
+    either<NVR_REPLAY_3002_PARAM_init, streamStartRequest, channel<NVR_REPLAY_3002_PARAM>>(
+        "NvrReplay_StreamStart_MessageAnalysis");
+constexpr MessageRow kStreamControl =
+    either<NVR_REPLAY_3003_PARAM_init, channel<NVR_REPLAY_3003_PARAM>, channel<NVR_REPLAY_3003_PARAM>>(
+        "NvrReplay_StreamControl_MessageAnalysis");
+constexpr MessageRow kSpeedControl =
+    either<NVR_REPLAY_3004_PARAM_init, speedControlRequest, speedControlResponse>(
+        "NvrReplay_SpeedControl_MessageAnalysis");
+constexpr MessageRow kPlayJump =
+    either<NVR_REPLAY_3010_PARAM_init, playJumpRequest, channel<NVR_REPLAY_3010_PARAM>>(
+        "NvrReplay_PlayJump_MessageAnalysis");
+constexpr MessageRow kVedioParam = message<NVR_REPLAY_3012_PARAM_init>(
+    "NvrReplay_VedioParam_MessageAnalysis", response<videoParam>(Kinds::kNotRequests));
+constexpr MessageRow kQueryByMonth =
+    either<NVR_REPLAY_3016_PARAM_init, channelAndTime<NVR_REPLAY_3016_PARAM>, queryByMonthResponse>(
+        "NvrReplay_QueryByMonth_MessageAnalysis");
+// The one message that looks for the request first.
+constexpr MessageRow kQueryBySencond = message<NVR_REPLAY_3017_PARAM_init>(
+    "NvrReplay_QueryBySencond_MessageAnalysis", request<queryBySencondRequest>(),
+    over<queryBySencondResponse>("RESPONSE_PARAM", Kinds::kNotRequests));
+
+constexpr CodeRow kCodes[] = {
+    {3001, &kRecQuery},
+    {3002, &kStreamStart},
+    {3003, &kStreamControl},
+    {3004, &kSpeedControl},
+    {3005, &kStreamControl, Erased<NVR_REPLAY_3005_PARAM_init>::call},
+    {3006, &kStreamControl, Erased<NVR_REPLAY_3006_PARAM_init>::call},
+    {3007, &kSpeedControl, Erased<NVR_REPLAY_3007_PARAM_init>::call},
+    {3008, &kSpeedControl, Erased<NVR_REPLAY_3008_PARAM_init>::call},
+    {3009, &kStreamControl, Erased<NVR_REPLAY_3009_PARAM_init>::call},
+    {3010, &kPlayJump},
+    {3011, &kStreamControl, Erased<NVR_REPLAY_3011_PARAM_init>::call},
+    {3012, &kVedioParam},
+    {3013, &kStreamStart, Erased<NVR_REPLAY_3013_PARAM_init>::call},
+    {3014, &kStreamControl, Erased<NVR_REPLAY_3014_PARAM_init>::call},
+    {3015, &kStreamControl, Erased<NVR_REPLAY_3015_PARAM_init>::call},
+    {3016, &kQueryByMonth},
+    {3017, &kQueryBySencond},
+};
+static_assert(isAscending(kCodes));
 
 } // namespace
 
-// --- Dispatch ------------------------------------------------------------------------------------
-
-int NvrReplayMessageCompose(TextWriter& out, const void* record, int kind, std::string_view code)
-{
-    switch (const int32_t number = numberOf(code)) {
-    case 3001:
-        return NvrReplay_RecQuery_MessageCompose(out, as<NVR_REPLAY_3001_PARAM>(record), kind);
-    case 3002:
-    case 3013:
-        return NvrReplay_StreamStart_MessageCompose(out, as<NVR_REPLAY_3002_PARAM>(record), kind);
-    case 3003:
-    case 3005:
-    case 3006:
-    case 3009:
-    case 3011:
-    case 3014:
-    case 3015:
-        return NvrReplay_StreamControl_MessageCompose(out, as<NVR_REPLAY_3003_PARAM>(record), kind);
-    case 3004:
-    case 3007:
-    case 3008:
-        return NvrReplay_SpeedControl_MessageCompose(out, as<NVR_REPLAY_3004_PARAM>(record), kind);
-    case 3010:
-        return NvrReplay_PlayJump_MessageCompose(out, as<NVR_REPLAY_3010_PARAM>(record), kind);
-    case 3012:
-        return NvrReplay_VedioParam_MessageCompose(out, as<NVR_REPLAY_3012_PARAM>(record), kind);
-    case 3016:
-        return NvrReplay_QueryByMonth_MessageCompose(out, as<NVR_REPLAY_3016_PARAM>(record), kind);
-    case 3017:
-        return NvrReplay_QueryBySencond_MessageCompose(out, as<NVR_REPLAY_3017_PARAM>(record), kind);
-    default:
-        return unknownCode(kFamily, number);
-    }
-}
-
-int NvrReplayMessageAnalysis(Message& message, std::string_view code, void** result)
-{
-    if (lacksArgument(message, code, result))
-        return emptyParam(kFamily);
-    switch (const int32_t number = numberOf(code)) {
-    case 3001:
-        return NvrReplay_RecQuery_MessageAnalysis(message, result);
-    case 3002:
-    case 3013:
-        return NvrReplay_StreamStart_MessageAnalysis(message, result);
-    case 3003:
-    case 3005:
-    case 3006:
-    case 3009:
-    case 3011:
-    case 3014:
-    case 3015:
-        return NvrReplay_StreamControl_MessageAnalysis(message, result);
-    case 3004:
-    case 3007:
-    case 3008:
-        return NvrReplay_SpeedControl_MessageAnalysis(message, result);
-    case 3010:
-        return NvrReplay_PlayJump_MessageAnalysis(message, result);
-    case 3012:
-        return NvrReplay_VedioParam_MessageAnalysis(message, result);
-    case 3016:
-        return NvrReplay_QueryByMonth_MessageAnalysis(message, result);
-    case 3017:
-        return NvrReplay_QueryBySencond_MessageAnalysis(message, result);
-    default:
-        return unknownCode(kFamily, number);
-    }
-}
+extern constexpr Family kNvrReplayFamily("NVR_REPLAY_MESSAGE", kCodes);
 
 } // namespace zel
 
@@ -284,61 +168,25 @@ int NVR_REPLAY_3004_PARAM_init(NVR_REPLAY_3004_PARAM* param)
     return zel::initRecord(param);
 }
 
-int NVR_REPLAY_3005_PARAM_init(NVR_REPLAY_3005_PARAM* param)
-{
-    return NVR_REPLAY_3003_PARAM_init(param);
-}
-
-int NVR_REPLAY_3006_PARAM_init(NVR_REPLAY_3006_PARAM* param)
-{
-    return NVR_REPLAY_3003_PARAM_init(param);
-}
-
-int NVR_REPLAY_3007_PARAM_init(NVR_REPLAY_3007_PARAM* param)
-{
-    return NVR_REPLAY_3004_PARAM_init(param);
-}
-
-int NVR_REPLAY_3008_PARAM_init(NVR_REPLAY_3008_PARAM* param)
-{
-    return NVR_REPLAY_3004_PARAM_init(param);
-}
-
-int NVR_REPLAY_3009_PARAM_init(NVR_REPLAY_3009_PARAM* param)
-{
-    return NVR_REPLAY_3003_PARAM_init(param);
-}
-
+ZEL_EXPORT_INIT(NVR_REPLAY_3005_PARAM, NVR_REPLAY_3003_PARAM)
+ZEL_EXPORT_INIT(NVR_REPLAY_3006_PARAM, NVR_REPLAY_3003_PARAM)
+ZEL_EXPORT_INIT(NVR_REPLAY_3007_PARAM, NVR_REPLAY_3004_PARAM)
+ZEL_EXPORT_INIT(NVR_REPLAY_3008_PARAM, NVR_REPLAY_3004_PARAM)
+ZEL_EXPORT_INIT(NVR_REPLAY_3009_PARAM, NVR_REPLAY_3003_PARAM)
 int NVR_REPLAY_3010_PARAM_init(NVR_REPLAY_3010_PARAM* param)
 {
     return zel::initRecord(param, [](auto& record) { zel::clear(record.Time); });
 }
 
-int NVR_REPLAY_3011_PARAM_init(NVR_REPLAY_3011_PARAM* param)
-{
-    return NVR_REPLAY_3003_PARAM_init(param);
-}
-
+ZEL_EXPORT_INIT(NVR_REPLAY_3011_PARAM, NVR_REPLAY_3003_PARAM)
 int NVR_REPLAY_3012_PARAM_init(NVR_REPLAY_3012_PARAM* param)
 {
     return zel::initRecord(param, [](auto& record) { zel::clear(record.VideoParam, record.AudioParam); });
 }
 
-int NVR_REPLAY_3013_PARAM_init(NVR_REPLAY_3013_PARAM* param)
-{
-    return NVR_REPLAY_3002_PARAM_init(param);
-}
-
-int NVR_REPLAY_3014_PARAM_init(NVR_REPLAY_3014_PARAM* param)
-{
-    return NVR_REPLAY_3003_PARAM_init(param);
-}
-
-int NVR_REPLAY_3015_PARAM_init(NVR_REPLAY_3015_PARAM* param)
-{
-    return NVR_REPLAY_3003_PARAM_init(param);
-}
-
+ZEL_EXPORT_INIT(NVR_REPLAY_3013_PARAM, NVR_REPLAY_3002_PARAM)
+ZEL_EXPORT_INIT(NVR_REPLAY_3014_PARAM, NVR_REPLAY_3003_PARAM)
+ZEL_EXPORT_INIT(NVR_REPLAY_3015_PARAM, NVR_REPLAY_3003_PARAM)
 int NVR_REPLAY_3016_PARAM_init(NVR_REPLAY_3016_PARAM* param)
 {
     return zel::initRecord(param, [](auto& record) { zel::clear(record.Time, record.RecordData); });
@@ -351,50 +199,19 @@ int NVR_REPLAY_3017_PARAM_init(NVR_REPLAY_3017_PARAM* param)
 
 int NvrReplayMessageCompose(const void* record, int kind, const char* code, char* buf, int len)
 {
-    return zel::composeCode<zel::NvrReplayMessageCompose>(zel::kFamily, record, kind, code, buf, len);
+    return zel::composeBody(zel::kNvrReplayFamily, record, kind, code, buf, len);
 }
 
 int NvrReplayMessageAnalysis(const char* text, const char* code, void** result)
 {
-    return zel::analyseCode<zel::NvrReplayMessageAnalysis>(text, code, result);
+    return zel::analyseText(zel::kNvrReplayFamily, text, code, result);
 }
 
-int NvrReplay_RecQuery_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::NvrReplay_RecQuery_MessageAnalysis>(text, result);
-}
-
-int NvrReplay_StreamStart_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::NvrReplay_StreamStart_MessageAnalysis>(text, result);
-}
-
-int NvrReplay_StreamControl_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::NvrReplay_StreamControl_MessageAnalysis>(text, result);
-}
-
-int NvrReplay_SpeedControl_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::NvrReplay_SpeedControl_MessageAnalysis>(text, result);
-}
-
-int NvrReplay_PlayJump_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::NvrReplay_PlayJump_MessageAnalysis>(text, result);
-}
-
-int NvrReplay_VedioParam_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::NvrReplay_VedioParam_MessageAnalysis>(text, result);
-}
-
-int NvrReplay_QueryByMonth_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::NvrReplay_QueryByMonth_MessageAnalysis>(text, result);
-}
-
-int NvrReplay_QueryBySencond_MessageAnalysis(const char* text, void** result)
-{
-    return zel::analyseText<zel::NvrReplay_QueryBySencond_MessageAnalysis>(text, result);
-}
+ZEL_EXPORT_ANALYSIS(NvrReplay_RecQuery, kRecQuery)
+ZEL_EXPORT_ANALYSIS(NvrReplay_StreamStart, kStreamStart)
+ZEL_EXPORT_ANALYSIS(NvrReplay_StreamControl, kStreamControl)
+ZEL_EXPORT_ANALYSIS(NvrReplay_SpeedControl, kSpeedControl)
+ZEL_EXPORT_ANALYSIS(NvrReplay_PlayJump, kPlayJump)
+ZEL_EXPORT_ANALYSIS(NvrReplay_VedioParam, kVedioParam)
+ZEL_EXPORT_ANALYSIS(NvrReplay_QueryByMonth, kQueryByMonth)
+ZEL_EXPORT_ANALYSIS(NvrReplay_QueryBySencond, kQueryBySencond)

@@ -1,104 +1,95 @@
 #include "zel_protocol/user_auth.h"
 
 #include "core/families.h"
-#include "core/records.h"
 #include "zel_platform/log.h"
 
 namespace zel {
 
 namespace {
 
-constexpr char kFamily[] = "USER_AUTH_MESSAGE";
-
 using UserAuth = USER_AUTH_CMD_USER_AUTH_PARAM;
 
-constexpr auto userAttributes = [](auto& side, auto& record) {
-    wholeFieldAttribute(side, "Username", record.Username);
-    wholeFieldAttribute(side, "Password", record.Password);
-};
+// --- Attribute lists, for both directions --------------------------------------------------------
 
-constexpr auto responseAttributes = [](auto& side, auto& record) {
-    wholeFieldAttributeIfSet(side, "Sessionid", record.Sessionid);
-    wholeFieldAttributeIfSet(side, "Group", record.Group);
-    atoiAttributeIfSet(side, "MAXChannels", record.MAXChannels);
-};
-
-constexpr auto encryptAttributes = [](auto& side, auto& record) {
-    wholeFieldAttributeIfSet(side, "Capbility", record.Capbility);
-    atoiAttributeIfSet(side, "Version", record.Version);
-    atoiAttributeIfSet(side, "KeyTypeVer", record.KeyTypeVer);
-};
-
-void composeRequest(TextWriter& out, const UserAuth& record)
+void request(Side& side, UserAuth& record)
 {
-    element(out, "USER_AUTH_PARAM", [&](TextWriter& side) {
-        userAttributes(side, record);
-        if (isSet(record.AuthMethod)) {
-            attribute(side, "AuthMethod", record.AuthMethod);
-            side.takeBack();
+    if (const Element user = element(side, "USER_AUTH_PARAM")) {
+        wholeFieldAttribute(side, "Username", record.Username);
+        wholeFieldAttribute(side, "Password", record.Password);
+        // Where it is written, the element closes directly behind it.
+        if (side.takes(isSet(record.AuthMethod))) {
+            atoiAttribute(side, "AuthMethod", record.AuthMethod);
+            endAtQuote(side);
         }
-    });
-    if (isSet(record.VendorId)) {
-        out.append("<VENDOR_PARAM VendorId =\"");
-        appendText(out, record.VendorId);
-        out.append("\" />\n");
     }
-    element(out, "ENCRYPT", [&](TextWriter& side) {
+    if (!side.writes())
+        return;
+    if (const Element vendor = elementIf(isSet(record.VendorId), side, "VENDOR_PARAM", kOnLine | kBlankAtEnd))
+        attributeBehindBlank(side, "VendorId", record.VendorId);
+    if (const Element encrypt = element(side, "ENCRYPT")) {
         attribute(side, "Capbility", record.Capbility);
         attribute(side, "Version", record.Version);
         attributeIfSet(side, "KeyTypeVer", record.KeyTypeVer);
-    });
+    }
 }
 
-void composeResponse(TextWriter& out, const UserAuth& record)
+void response(Side& side, UserAuth& record)
 {
-    if (isSet(record.MAXChannels) || isSet(record.Sessionid) || isSet(record.Group))
-        element(out, "USER_AUTH_RESPONSE", [&](TextWriter& side) { responseAttributes(side, record); });
-    if (isSet(record.Version) || isSet(record.KeyTypeVer) || isSet(record.Capbility))
-        element(out, "ENCRYPT", [&](TextWriter& side) { encryptAttributes(side, record); });
+    if (const Element session = elementIf(isAnySet(record.MAXChannels, record.Sessionid, record.Group), side,
+                                          "USER_AUTH_RESPONSE")) {
+        wholeFieldAttributeIfSet(side, "Sessionid", record.Sessionid);
+        wholeFieldAttributeIfSet(side, "Group", record.Group);
+        atoiAttributeIfSet(side, "MAXChannels", record.MAXChannels);
+    }
+    if (const Element encrypt =
+            elementIf(isAnySet(record.Version, record.KeyTypeVer, record.Capbility), side, "ENCRYPT")) {
+        wholeFieldAttributeIfSet(side, "Capbility", record.Capbility);
+        atoiAttributeIfSet(side, "Version", record.Version);
+        atoiAttributeIfSet(side, "KeyTypeVer", record.KeyTypeVer);
+    }
 }
 
-void readBody(const ElementReader& body, UserAuth& record)
+// Whatever is there is read, of either direction.
+void readBody(Side& side, UserAuth& record)
 {
-    element(body, "USER_AUTH_RESPONSE", [&](auto& side) { responseAttributes(side, record); });
-    element(body, "ENCRYPT", [&](auto& side) { encryptAttributes(side, record); });
-    element(body, "USER_AUTH_PARAM", [&](auto& side) {
-        userAttributes(side, record);
-        atoiAttribute(side, "AuthMethod", record.AuthMethod);
-    });
+    response(side, record);
+    request(side, record);
 }
+
+void startWithoutBody(Side&, UserAuth& record)
+{
+    record.KeyTypeVer = 0;
+}
+
+// --- Leaf ----------------------------------------------------------------------------------------
+
+int analyseLogin(const MessageRow& row, Message& message, void** result)
+{
+    if (const int status = findRoot(message, row.leaf))
+        return status;
+    TreeReader side(message.root.child("MESSAGE_BODY"));
+    if (side.at)
+        return giveRecord(result, row.record, side, Erased<readBody>::call);
+    ZelProtocolLogError(
+        "USER_AUTH_MESSAGE UserAuthMessageAnalysis get MESSAGE_BODY error or No MessageBody\n");
+    return giveRecord(result, row.record, side, Erased<startWithoutBody>::call);
+}
+
+constexpr MessageRow kUserAuth = message<USER_AUTH_CMD_USER_AUTH_PARAM_init>(
+                                     "USER_AUTH_MESSAGE UserAuthMessageAnalysis",
+                                     body<request>(Kinds::kNotResponses), body<response>(Kinds::kResponses))
+                                     .quiet()
+                                     .analysedBy(analyseLogin);
+
+constexpr CodeRow kCodes[] = {{0, &kUserAuth, nullptr, 0, ""}};
 
 } // namespace
 
-int UserAuthMessageCompose(TextWriter& out, const void* record, int kind)
-{
-    const auto& login = as<UserAuth>(record);
-    if (isResponse(kind))
-        composeResponse(out, login);
-    else
-        composeRequest(out, login);
-    return 0;
-}
-
-int UserAuthMessageAnalysis(Message& message, void** result)
-{
-    if (message.isNull() || !result)
-        return emptyParam(kFamily);
-    if (const int status = findRoot(message, {"USER_AUTH_MESSAGE UserAuthMessageAnalysis", true}))
-        return status;
-    const ElementReader body = message.root.child("MESSAGE_BODY");
-    if (!body)
-        ZelProtocolLogError(
-            "USER_AUTH_MESSAGE UserAuthMessageAnalysis get MESSAGE_BODY error or No MessageBody\n");
-    return giveRecord(result, USER_AUTH_CMD_USER_AUTH_PARAM_init, [&](UserAuth& record) {
-        if (body)
-            readBody(body, record);
-        else
-            record.KeyTypeVer = 0;
-    });
-}
+extern constexpr Family kUserAuthFamily("USER_AUTH_MESSAGE", kCodes, composeOnly, analyseOnly);
 
 } // namespace zel
+
+// --- Exported ------------------------------------------------------------------------------------
 
 int USER_AUTH_CMD_USER_AUTH_PARAM_init(USER_AUTH_CMD_USER_AUTH_PARAM* param)
 {
@@ -110,10 +101,10 @@ int USER_AUTH_CMD_USER_AUTH_PARAM_init(USER_AUTH_CMD_USER_AUTH_PARAM* param)
 
 int UserAuthMessageCompose(const void* record, int kind, char* buf, int len)
 {
-    return zel::composeOnly<zel::UserAuthMessageCompose>(zel::kFamily, record, kind, buf, len);
+    return zel::composeBody(zel::kUserAuthFamily, record, kind, "", buf, len);
 }
 
 int UserAuthMessageAnalysis(const char* text, void** result)
 {
-    return zel::analyseText<zel::UserAuthMessageAnalysis>(text, result);
+    return zel::analyseText(zel::kUserAuthFamily, text, "", result);
 }

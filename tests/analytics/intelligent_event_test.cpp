@@ -17,18 +17,17 @@ Event freshEvent()
     return fresh(SYSTEM_CONFIG_GET_1402_PARAM_init);
 }
 
-template <class Record>
-std::string composed(int (*leaf)(zel::TextWriter&, const Record&, int), const Record& record, int kind,
-                     size_t capacity = 16384)
+std::string composed(const zel::MessageRow& row, Event event, int kind, size_t capacity = 16384)
 {
     const auto buffer = std::make_unique<char[]>(capacity);
     zel::TextWriter out(buffer.get(), capacity);
-    EXPECT_EQ(leaf(out, record, kind), 0);
+    zel::Outbound outbound{out, &event, kind, {}};
+    EXPECT_EQ(compose(row, outbound), 0);
     return {buffer.get(), out.kept()};
 }
 
-const auto composeGet = zel::SystemConfig_getIntelligentEvent_MessageCompose;
-const auto composeSet = zel::SystemConfig_setIntelligentEvent_MessageCompose;
+const zel::MessageRow& composeGet = zel::kGetIntelligentEvent;
+const zel::MessageRow& composeSet = zel::kSetIntelligentEvent;
 const auto analyseGet = ::SystemConfig_getIntelligentEvent_MessageAnalysis;
 const auto analyseSet = ::SystemConfig_setIntelligentEvent_MessageAnalysis;
 
@@ -284,21 +283,19 @@ TEST(Lists, LongestAtEverySize)
 
 TEST(PushTime, OutAndIn)
 {
-    const auto written = [](const ALARM_PUSH_TIME_PARAM& push) {
-        return composed<ALARM_PUSH_TIME_PARAM>(
-            [](zel::TextWriter& out, const ALARM_PUSH_TIME_PARAM& record, int) {
-                zel::pushTimeAttributes(out, record);
-                return 0;
-            },
-            push, 0);
+    const auto written = [](ALARM_PUSH_TIME_PARAM push) {
+        char buffer[1024];
+        zel::TextWriter out(buffer, sizeof buffer);
+        zel::pushTimeAttributes(out, push);
+        return std::string(buffer, out.kept());
     };
     const auto read = [](const std::string& attributes) {
         ZelXMLParser parser;
         EXPECT_EQ(parser.Parse(("<e " + attributes + "/>").c_str()), 0);
         ALARM_PUSH_TIME_PARAM push;
         EXPECT_EQ(ALARM_PUSH_TIME_PARAM_init(&push), 0);
-        const zel::ElementReader element{&parser, parser.RootElement()};
-        zel::pushTimeAttributes(element, push);
+        zel::TreeReader side({&parser, parser.RootElement()});
+        zel::pushTimeAttributes(side, push);
         return push;
     };
     const std::string full =

@@ -7,8 +7,10 @@
 #include <functional>
 #include <memory>
 
+#include "core/element_reader.h"
 #include "core/elements.h"
 #include "core/search.h"
+#include "core/text_writer.h"
 
 using namespace zel;
 
@@ -29,7 +31,8 @@ Field readFrom(const std::string& value, Field field, Read read)
 {
     ZelXMLParser parser;
     EXPECT_EQ(parser.Parse(("<e a=\"" + value + "\"/>").c_str()), 0);
-    read(ElementReader{&parser, parser.RootElement()}, field);
+    TreeReader side({&parser, parser.RootElement()});
+    read(side, field);
     return field;
 }
 
@@ -45,7 +48,8 @@ struct Everything
     int32_t pair[2] = {INT_MIN, INT_MAX};
 };
 
-constexpr auto everything = [](auto& side, auto& record) {
+void everything(Side& side, Everything& record)
+{
     attribute(side, "Number", record.number);
     attribute(side, "Unsigned", record.unsignedNumber);
     attribute(side, "Byte", record.byte);
@@ -61,14 +65,20 @@ constexpr auto everything = [](auto& side, auto& record) {
     resolutionAttribute(side, "Resolution", record.pair);
     wholeFieldAttribute(side, "Whole", record.text);
     atoiAttribute(side, "Atoi", record.number);
-};
+    numbersAttribute(side, "Week", kWeekClock, record.time);
+    numbersAttribute(side, "Brackets", kBrackets, record.pair);
+    hexAttribute(side, "LargeHex", record.large);
+    attribute(side, NumberedName("Number", 7, "th"), record.number);
+}
 
 const std::string kEverything =
     "Number=\"-12\"\nUnsigned=\"4000000000\"\nByte=\"200\"\n"
     "Large=\"18446744073709551614\"\nReal=\"0.100000\"\nText=\"full\"\n"
     "Signed=\"-294967296\"\nSignedLarge=\"-2\"\nHex=\"fffffff4\"\n"
     "Time=\"01:-1:123\"\nPlainTime=\"1:-1:123\"\nRange=\"-2147483648,2147483647\"\n"
-    "Resolution=\"-2147483648*2147483647\"\nWhole=\"full\"\nAtoi=\"-12\"\n";
+    "Resolution=\"-2147483648*2147483647\"\nWhole=\"full\"\nAtoi=\"-12\"\n"
+    "Week=\" 1:-1:123\"\nBrackets=\"[-2147483648,2147483647]\"\nLargeHex=\"fffffffffffffffe\"\n"
+    "Number7th=\"-12\"\n";
 
 TEST(TextSides, EveryFormOutAndIn)
 {
@@ -78,23 +88,37 @@ TEST(TextSides, EveryFormOutAndIn)
     ZelXMLParser parser;
     ASSERT_EQ(parser.Parse(("<e " + kEverything + "/>").c_str()), 0);
     Everything read{0, 0, 0, 0, 0, {}, {}, {}};
-    const ElementReader root{&parser, parser.RootElement()};
+    TreeReader root({&parser, parser.RootElement()});
     everything(root, read);
+    EXPECT_EQ(read.time[2], 12); // no more than two places of a week's time
+    read.time[2] = 123;
     EXPECT_EQ(written([&](TextWriter& out) { everything(out, read); }), kEverything);
 }
 
 // The bytes kept are always the first of the whole text, at every size, and the length is that of the whole.
 TEST(TextSides, WriterAtEverySize)
 {
-    const Everything record;
+    Everything record;
+    const std::string whole = "<Element\n" + kEverything +
+                              "/>\n<Closed\nNumber=\"-12\"/>\n<Line Number=\"-12\" Byte=\"200\" >\n"
+                              "<Child \nNumber =\"-12\"\n/></Line>\n<Text>-12</Text>";
     const auto fill = [&](TextWriter& out) {
-        element(out, "Element", [&](TextWriter& side) { everything(side, record); });
-        elementClosedAtQuote(out, "Closed",
-                             [&](TextWriter& side) { attribute(side, "Number", record.number); });
-        EXPECT_EQ(out.length(), kEverything.size() + sizeof("<Element\n/>\n<Closed\nNumber=\"-12\"/>\n") - 1);
+        if (const Element plain = element(out, "Element"))
+            everything(out, record);
+        if (const Element closed = element(out, "Closed", kAtQuote))
+            attribute(out, "Number", record.number);
+        if (const Element line = element(out, "Line", kBoth | kOnLine | kBlankAtEnd)) {
+            attribute(out, "Number", record.number);
+            onSameLine(out);
+            attribute(out, "Byte", record.byte);
+            line.elements();
+            if (const Element child = element(out, "Child", kBlankBehindName | kNoLineFeed))
+                attributeBehindBlank(out, "Number", record.number);
+        }
+        textElement(out, "Text", record.number, kNoLineFeed);
+        EXPECT_EQ(out.length(), whole.size());
     };
-    const std::string whole = written(fill);
-    EXPECT_EQ(whole, "<Element\n" + kEverything + "/>\n<Closed\nNumber=\"-12\"/>\n");
+    EXPECT_EQ(written(fill), whole);
     for (size_t capacity = 0; capacity <= whole.size(); ++capacity)
         EXPECT_EQ(written(fill, capacity), whole.substr(0, capacity)) << capacity;
 }
@@ -126,8 +150,7 @@ TEST(TextSides, FloatsAsPrintfPrintsThem)
 TEST(TextSides, NumbersAsTheStandardFunctionsReadThem)
 {
     const auto atoiOf = [](const std::string& value) {
-        return readFrom(value, 7,
-                        [](const ElementReader& in, int32_t& field) { atoiAttribute(in, "a", field); });
+        return readFrom(value, 7, [](Side& in, int32_t& field) { atoiAttribute(in, "a", field); });
     };
     EXPECT_EQ(atoiOf(" \t+12x"), 12);
     EXPECT_EQ(atoiOf("-5"), -5);
@@ -136,8 +159,7 @@ TEST(TextSides, NumbersAsTheStandardFunctionsReadThem)
     EXPECT_EQ(atoiOf("99999999999999999999"), -1);
 
     const auto hexOf = [](const std::string& value) {
-        return readFrom(value, 7,
-                        [](const ElementReader& in, int32_t& field) { hexAttribute(in, "a", field); });
+        return readFrom(value, 7, [](Side& in, int32_t& field) { hexAttribute(in, "a", field); });
     };
     EXPECT_EQ(hexOf("ff"), 255);
     EXPECT_EQ(hexOf(" 0xFFg"), 255);
@@ -150,7 +172,7 @@ TEST(TextSides, NumbersAsTheStandardFunctionsReadThem)
         {"8 :5:9", {8, -1, -1}}, {":5:9", {-1, -1, -1}},    {"4294967295:4294967296:1", {-1, 0, 1}}};
     for (const auto& [text, parts] : times) {
         int32_t read[3] = {-1, -1, -1};
-        readFrom(text, 0, [&](const ElementReader& in, int) { timeAttribute(in, "a", read); });
+        readFrom(text, 0, [&](Side& in, int) { timeAttribute(in, "a", read); });
         EXPECT_EQ(memcmp(read, parts.data(), sizeof read), 0) << text;
     }
 }
@@ -162,10 +184,8 @@ TEST(TextSides, TextsAtTheirLimit)
     {
         char text[4];
     };
-    const auto whole = [](const ElementReader& in, Field& field) {
-        wholeFieldAttribute(in, "a", field.text);
-    };
-    const auto terminated = [](const ElementReader& in, Field& field) { attribute(in, "a", field.text); };
+    const auto whole = [](Side& in, Field& field) { wholeFieldAttribute(in, "a", field.text); };
+    const auto terminated = [](Side& in, Field& field) { attribute(in, "a", field.text); };
     EXPECT_EQ(std::string(readFrom("abcdef", Field{"xyz"}, whole).text, 4), "abcd");
     EXPECT_EQ(std::string(readFrom("a", Field{"xyz"}, whole).text, 4), std::string("a\0\0\0", 4));
     EXPECT_STREQ(readFrom("abcdef", Field{"xyz"}, terminated).text, "abc");

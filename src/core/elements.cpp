@@ -1,0 +1,221 @@
+#include "core/elements.h"
+
+#include "core/element_reader.h"
+#include "core/text_writer.h"
+
+namespace zel {
+
+namespace {
+
+void openTag(TextWriter& out, Name name, Tags tags)
+{
+    // Room for all that may stand around a name: no look at each piece.
+    constexpr size_t kAround = 4;
+    if (__builtin_expect(out.left() >= name.length + kAround, true)) {
+        char* at = out.cursor;
+        *at++ = '<';
+        memcpy(at, name.text, name.length);
+        at += name.length;
+        if ((tags & kElements) != 0)
+            *at++ = '>';
+        if ((tags & (kBlankBehindName | kOnLine)) != 0)
+            *at++ = ' ';
+        if ((tags & kCarriageReturn) != 0)
+            *at++ = '\r';
+        if ((tags & kOnLine) == 0)
+            *at++ = '\n';
+        out.cursor = at;
+        return;
+    }
+    out.append("<");
+    out.append(name.text, name.length);
+    if ((tags & kElements) != 0)
+        out.append(">");
+    if ((tags & (kBlankBehindName | kOnLine)) != 0)
+        out.append(" ");
+    if ((tags & kCarriageReturn) != 0)
+        out.append("\r");
+    if ((tags & kOnLine) == 0)
+        out.append("\n");
+}
+
+// The end of a tag behind its attributes, but for the bracket.
+void endAttributes(TextWriter& out, Tags tags)
+{
+    if ((tags & (kAtQuote | kOnLine)) != 0)
+        out.takeBack();
+    if ((tags & kBlankAtEnd) != 0)
+        out.append(" ");
+}
+
+void closeTag(TextWriter& out, Name name, Tags tags)
+{
+    out.append("</");
+    out.append(name.text, name.length);
+    out.append(">\n", (tags & kNoLineFeed) != 0 ? 1 : 2);
+}
+
+void closeElement(TextWriter& out, Name name, Tags tags)
+{
+    if (tags == kAttributes) {
+        out.append("/>\n");
+    } else if ((tags & (kElements | kBoth)) != 0) {
+        closeTag(out, name, tags);
+    } else {
+        endAttributes(out, tags);
+        out.append("/>\n", (tags & kNoLineFeed) != 0 ? 2 : 3);
+    }
+}
+
+// Goes to an element that is to be read, and returns where it stands in; null if there is none.
+void* enterElement(TreeReader& reader, const ElementReader& found)
+{
+    void* const outer = reader.at.node;
+    if (!found)
+        return nullptr;
+    reader.at = found;
+    return outer;
+}
+
+// Opens an element; null if there is none.
+void* enter(Side& side, const ElementSeen& seen, Tags tags)
+{
+    if (isText(side)) {
+        openTag(writerOf(side), seen.name, tags);
+        return &side;
+    }
+    if (isTree(side))
+        return enterElement(readerOf(side), readerOf(side).at.child(seen.name.text));
+    Visitor& visitor = visitorOf(side);
+    return visitor.enter(visitor, seen) ? &side : nullptr;
+}
+
+void leave(Side& side, Name name, Tags tags, void* outer)
+{
+    if (isText(side)) {
+        closeElement(writerOf(side), name, tags);
+    } else if (isTree(side)) {
+        readerOf(side).at.node = outer;
+    } else {
+        Visitor& visitor = visitorOf(side);
+        visitor.leave(visitor);
+    }
+}
+
+// A text element's content: write() while writing, read(element) or what a visitor sees otherwise.
+template <class Write, class Read>
+void contentElement(Side& side, Name name, Tags tags, const FieldSeen& seen, Write write, Read read)
+{
+    if (isText(side)) {
+        TextWriter& out = writerOf(side);
+        out.append("<");
+        out.append(name.text, name.length);
+        out.append(">");
+        write(out);
+        closeTag(out, name, tags);
+    } else if (const Element content = element(side, name)) {
+        if (isTree(side)) {
+            read(readerOf(side).at);
+        } else {
+            Visitor& visitor = visitorOf(side);
+            visitor.see(visitor, seen);
+        }
+    }
+}
+
+bool readOwnText(const ElementReader& in, char* field, size_t size)
+{
+    return getXmlStringTypeParamByGetText(*in.parser, in.node, field, static_cast<int>(size)) == 0;
+}
+
+} // namespace
+
+Element::Element(Side& side, Name name, Tags tags)
+    : side_(side), name_(name), tags_(tags), outer_(enter(side, {name, 0, 0, 0}, tags))
+{}
+
+void Element::close()
+{
+    leave(side_, name_, tags_, outer_);
+}
+
+void Element::elements() const
+{
+    if (isText(side_)) {
+        endAttributes(writerOf(side_), tags_);
+        writerOf(side_).append(">\n");
+    }
+}
+
+bool Siblings::next(Name name)
+{
+    return next({name, 0, 0, 0});
+}
+
+bool Siblings::next(const ElementSeen& row)
+{
+    if (isTree(side_) && outer_) {
+        TreeReader& reader = readerOf(side_);
+        const ElementReader found = reader.at.next(row.name.text);
+        if (found)
+            reader.at = found;
+        return static_cast<bool>(found);
+    }
+    if (outer_)
+        close();
+    name_ = row.name;
+    outer_ = enter(side_, row, tags_);
+    return outer_ != nullptr;
+}
+
+void Siblings::close()
+{
+    leave(side_, name_, tags_, outer_);
+    outer_ = nullptr;
+}
+
+size_t walkRows(Side& side, Name name, const Rows& rows, Tags tags)
+{
+    Siblings elements(side, tags);
+    size_t count = 0;
+    auto* row = static_cast<char*>(rows.first);
+    for (size_t i = 0; i < rows.count; ++i, row += rows.size) {
+        if (side.writes() && rows.isWritten && !side.takes(rows.isWritten(row)))
+            continue;
+        if (!elements.next({name, i, rows.count, rows.size}))
+            break;
+        rows.list(side, row);
+        ++count;
+    }
+    return count;
+}
+
+void textElement(Side& side, Name name, int32_t& field, Tags tags)
+{
+    contentElement(
+        side, name, tags, {"", ZEL_FORM_NUMBER, false, &field, sizeof field},
+        [&](TextWriter& out) { appendNumber(out, field); },
+        [&](const ElementReader& in) { getXmlIntTypeParamByGetText(*in.parser, in.node, &field); });
+}
+
+void textElement(Side& side, Name name, char* field, size_t size, Tags tags)
+{
+    contentElement(
+        side, name, tags, {"", ZEL_FORM_TEXT, false, field, size},
+        [&](TextWriter& out) { out.append(field, strnlen(field, size)); },
+        [&](const ElementReader& in) { readOwnText(in, field, size); });
+}
+
+bool ownText(Side& side, char* field, size_t size)
+{
+    if (isText(side)) {
+        writerOf(side).append(field, strnlen(field, size));
+        return false;
+    }
+    if (isTree(side))
+        return readOwnText(readerOf(side).at, field, size);
+    Visitor& visitor = visitorOf(side);
+    return visitor.see(visitor, {"", ZEL_FORM_TEXT, false, field, size});
+}
+
+} // namespace zel
