@@ -11,31 +11,7 @@ namespace {
 constexpr bool kSkipped = true;
 constexpr size_t kAround = sizeof("=\"\"\n") - 1;
 
-inline bool likely(bool condition)
-{
-    return __builtin_expect(condition, true);
-}
-
 // --- Writing -------------------------------------------------------------------------------------
-
-// Names have a few bytes to some thirty: moves that may overlap, in place of a call.
-inline char* putName(char* at, Name name)
-{
-    char* const end = at + name.length;
-    if (likely(name.length >= 8)) {
-        memcpy(at, name.text, 8);
-        for (size_t done = 8; done + 8 < name.length; done += 8)
-            memcpy(at + done, name.text + done, 8);
-        memcpy(end - 8, name.text + name.length - 8, 8);
-    } else if (name.length >= 4) {
-        memcpy(at, name.text, 4);
-        memcpy(end - 4, name.text + name.length - 4, 4);
-    } else {
-        for (size_t i = 0; i < name.length; ++i)
-            at[i] = name.text[i];
-    }
-    return end;
-}
 
 inline char* putOpening(char* at, Name name)
 {
@@ -63,7 +39,7 @@ inline bool hasRoom(const Side& side, Name name, size_t longest)
 }
 
 // What may not fit is put together piece by piece.
-void appendLine(TextWriter& out, Name name, const char* value, size_t length)
+void appendPieces(TextWriter& out, Name name, const char* value, size_t length)
 {
     out.append(name.text, name.length);
     out.append("=\"");
@@ -71,33 +47,46 @@ void appendLine(TextWriter& out, Name name, const char* value, size_t length)
     out.append("\"\n");
 }
 
-// Most numbers have one digit to three.
-inline char* putDigits(char* at, uint32_t value)
+// Most numbers fit a byte: their digits, and how many.
+struct ByteDigits
 {
-    if (value >= 100) {
-        *at++ = static_cast<char>('0' + value / 100);
-        value %= 100;
-        *at++ = static_cast<char>('0' + value / 10);
-    } else if (value >= 10) {
-        *at++ = static_cast<char>('0' + value / 10);
+    char digits[3];
+    uint8_t count;
+};
+
+struct ByteTable
+{
+    ByteDigits of[256];
+};
+
+constexpr ByteTable makeByteTable()
+{
+    ByteTable table{};
+    for (unsigned int value = 0; value < 256; ++value) {
+        ByteDigits& entry = table.of[value];
+        entry.count = value < 10 ? 1 : value < 100 ? 2 : 3;
+        unsigned int rest = value;
+        for (unsigned int i = entry.count; i > 0; --i, rest /= 10)
+            entry.digits[i - 1] = static_cast<char>('0' + rest % 10);
     }
-    *at++ = static_cast<char>('0' + value % 10);
-    return at;
+    return table;
 }
 
-template <class Number>
-inline char* putNumber(char* at, Number value)
+constexpr ByteTable kBytes = makeByteTable();
+
+// May write a byte too many.
+inline char* putByte(char* at, uint8_t value)
 {
-    // A negative one is no small one.
-    if (likely(static_cast<std::make_unsigned_t<Number>>(value) < 1000))
-        return putDigits(at, static_cast<uint32_t>(value));
+    const ByteDigits& entry = kBytes.of[value];
+    memcpy(at, &entry, sizeof entry);
+    return at + entry.count;
+}
+
+inline char* putNumber(char* at, int32_t value)
+{
+    if (likely(static_cast<uint32_t>(value) < 256))
+        return putByte(at, static_cast<uint8_t>(value));
     return printNumber(at, value);
-}
-
-template <class Number>
-inline void putNumberLine(Side& side, Name name, Number value)
-{
-    putClosing(side, putNumber(putOpening(side.cursor, name), value));
 }
 
 // Copies a text up to its terminator, and may write up to the field's size. Returns the end.
@@ -131,7 +120,7 @@ template <size_t longest, class Print>
 [[gnu::cold, gnu::noinline]] void writeSlowly(Side& side, Name name, const Print& print)
 {
     char value[longest];
-    appendLine(writerOf(side), name, value, static_cast<size_t>(print(value) - value));
+    appendPieces(writerOf(side), name, value, static_cast<size_t>(print(value) - value));
 }
 
 template <size_t longest, class Print>
@@ -147,12 +136,8 @@ inline void writeShort(Side& side, Name name, const Print& print)
 template <class Read>
 inline bool readOrSee(Side& side, const FieldSeen& seen, Read read)
 {
-    if (likely(isTree(side))) {
-        TreeReader& reader = readerOf(side);
-        const bool found = read(reader.at);
-        reader.missing += !found;
-        return found;
-    }
+    if (likely(isTree(side)))
+        return read(readerOf(side).at);
     Visitor& visitor = visitorOf(side);
     return visitor.see(visitor, seen);
 }
@@ -192,7 +177,9 @@ template <class Number>
 template <class Number>
 [[gnu::noinline]] void numberElsewhere(Side& side, Name name, Number& field, bool isSkipped)
 {
-    if (!isText(side))
+    if (likely(isTree(side)))
+        readNumber(readerOf(side).at, name.text, field);
+    else if (!isText(side))
         readOrSeeNumber(side, name, field, ZEL_FORM_NUMBER, isSkipped);
     else if (!isSkipped || isSet(field))
         writeSlowly<kLongestNumber>(side, name, [&](char* at) { return printNumber(at, int32_t{field}); });
@@ -226,11 +213,12 @@ bool readText(const ElementReader& in, const char* name, char* field, size_t siz
 
 [[gnu::noinline]] void textElsewhere(Side& side, Name name, char* field, size_t size, bool isSkipped)
 {
-    if (isText(side))
-        appendLine(writerOf(side), name, field, strnlen(field, size));
+    if (likely(isTree(side)))
+        readText(readerOf(side).at, name.text, field, size);
+    else if (isText(side))
+        appendPieces(writerOf(side), name, field, strnlen(field, size));
     else
-        readOrSee(side, {name, ZEL_FORM_TEXT, isSkipped, field, size},
-                  [&](const ElementReader& in) { return readText(in, name.text, field, size); });
+        visitorOf(side).see(visitorOf(side), {name, ZEL_FORM_TEXT, isSkipped, field, size});
 }
 
 void readWholeText(Side& side, Name name, char* field, size_t size, bool isSkipped)
@@ -278,7 +266,7 @@ void atoiForm(Side& side, Name name, int32_t& field, bool isSkipped)
 [[gnu::noinline]] void attribute(Side& side, Name name, int32_t& field)
 {
     if (hasRoom(side, name, kLongestNumber))
-        putNumberLine(side, name, field);
+        putClosing(side, putNumber(putOpening(side.cursor, name), field));
     else
         numberElsewhere(side, name, field, !kSkipped);
 }
@@ -286,7 +274,7 @@ void atoiForm(Side& side, Name name, int32_t& field, bool isSkipped)
 [[gnu::noinline]] void attribute(Side& side, Name name, uint8_t& field)
 {
     if (hasRoom(side, name, kLongestNumber))
-        putClosing(side, putDigits(putOpening(side.cursor, name), field));
+        putClosing(side, putByte(putOpening(side.cursor, name), field));
     else
         numberElsewhere(side, name, field, !kSkipped);
 }
@@ -470,6 +458,17 @@ void attributeAs(Side& side, Name name, int32_t& field, int32_t written)
 
 // --- Odd places ----------------------------------------------------------------------------------
 
+void appendLine(Side& side, Name name, std::string_view text)
+{
+    if (hasRoom(side, name, text.size())) {
+        char* const at = putOpening(side.cursor, name);
+        memcpy(at, text.data(), text.size());
+        putClosing(side, at + text.size());
+    } else {
+        appendPieces(writerOf(side), name, text.data(), text.size());
+    }
+}
+
 void appendRaw(Side& side, Name text)
 {
     if (isText(side))
@@ -491,7 +490,7 @@ void endAtQuote(Side& side)
 NumberedName::NumberedName(Name before, size_t number, Name behind)
 {
     char* at = putName(text, before);
-    at = putDigits(at, static_cast<uint32_t>(number));
+    at = putByte(at, static_cast<uint8_t>(number));
     at = putName(at, behind);
     *at = '\0';
     length = static_cast<size_t>(at - text);

@@ -145,6 +145,9 @@ void attributeAs(Side& side, Name name, int32_t& field, int32_t written);
 
 // --- Odd places ----------------------------------------------------------------------------------
 
+// The line of an attribute whose text isn't a field's.
+void appendLine(Side& side, Name name, std::string_view text);
+
 // A text that only goes out, as it stands.
 void appendRaw(Side& side, Name text);
 
@@ -154,7 +157,7 @@ void onSameLine(Side& side);
 // Takes back the line feed behind an attribute: the tag goes on directly behind its quote.
 void endAtQuote(Side& side);
 
-// A name with a number in it, from 0 to 99, for as long as the object lives.
+// A name with a number in it, from 0 to 255, for as long as the object lives.
 struct NumberedName
 {
     NumberedName(Name before, size_t number, Name behind = "");

@@ -151,8 +151,8 @@ int ZelProtocolMessageBufCompose(Envelope& message, TextWriter& out, size_t body
     out.append("<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n<MESSAGE_HEADER\n");
     // The library only reads a header that it writes out.
     auto& fields = const_cast<ZEL_PROTOCOL_HEADER&>(header);
-    attribute(out, "Msg_type", fields.Msg_type);
-    attribute(out, "Msg_code", fields.Msg_code);
+    appendLine(out, "Msg_type", message.type);
+    appendLine(out, "Msg_code", message.code);
     attribute(out, "Msg_flag", fields.Msg_flag);
 
     const size_t headerStart = out.length();

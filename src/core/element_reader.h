@@ -48,7 +48,6 @@ struct TreeReader : Side
     {}
 
     ElementReader at;
-    size_t missing = 0; // attributes that weren't there, or had no number
 };
 
 inline bool isTree(const Side& side)

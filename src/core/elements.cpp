@@ -7,26 +7,9 @@ namespace zel {
 
 namespace {
 
+// What stands around a name, and the name in pieces where not all of it may fit.
 void openTag(TextWriter& out, Name name, Tags tags)
 {
-    // Room for all that may stand around a name: no look at each piece.
-    constexpr size_t kAround = 4;
-    if (__builtin_expect(out.left() >= name.length + kAround, true)) {
-        char* at = out.cursor;
-        *at++ = '<';
-        memcpy(at, name.text, name.length);
-        at += name.length;
-        if ((tags & kElements) != 0)
-            *at++ = '>';
-        if ((tags & (kBlankBehindName | kOnLine)) != 0)
-            *at++ = ' ';
-        if ((tags & kCarriageReturn) != 0)
-            *at++ = '\r';
-        if ((tags & kOnLine) == 0)
-            *at++ = '\n';
-        out.cursor = at;
-        return;
-    }
     out.append("<");
     out.append(name.text, name.length);
     if ((tags & kElements) != 0)
@@ -77,28 +60,62 @@ void* enterElement(TreeReader& reader, const ElementReader& found)
     return outer;
 }
 
-// Opens an element; null if there is none.
-void* enter(Side& side, const ElementSeen& seen, Tags tags)
+[[gnu::noinline]] void* enterElsewhere(Side& side, Name name, Tags tags, size_t index, const Rows* rows)
 {
+    if (isTree(side))
+        return enterElement(readerOf(side), readerOf(side).at.child(name.text));
     if (isText(side)) {
-        openTag(writerOf(side), seen.name, tags);
+        openTag(writerOf(side), name, tags);
         return &side;
     }
-    if (isTree(side))
-        return enterElement(readerOf(side), readerOf(side).at.child(seen.name.text));
     Visitor& visitor = visitorOf(side);
+    const ElementSeen seen = {name, index, rows ? rows->count : 0, rows ? rows->size : 0};
     return visitor.enter(visitor, seen) ? &side : nullptr;
 }
 
-void leave(Side& side, Name name, Tags tags, void* outer)
+// Opens an element; null if there is none.
+inline void* enter(Side& side, Name name, Tags tags, size_t index = 0, const Rows* rows = nullptr)
 {
-    if (isText(side)) {
-        closeElement(writerOf(side), name, tags);
-    } else if (isTree(side)) {
+    // Mostly its name stands alone, or between brackets.
+    if (likely(side.left() >= name.length + 3 && (tags & ~(kElements | kBoth)) == 0)) {
+        char* at = side.cursor;
+        *at++ = '<';
+        at = putName(at, name);
+        if ((tags & kElements) != 0)
+            *at++ = '>';
+        *at++ = '\n';
+        side.cursor = at;
+        return &side;
+    }
+    return enterElsewhere(side, name, tags, index, rows);
+}
+
+[[gnu::noinline]] void leaveElsewhere(Side& side, Name name, Tags tags, void* outer)
+{
+    if (isTree(side)) {
         readerOf(side).at.node = outer;
+    } else if (isText(side)) {
+        closeElement(writerOf(side), name, tags);
     } else {
         Visitor& visitor = visitorOf(side);
         visitor.leave(visitor);
+    }
+}
+
+inline void leave(Side& side, Name name, Tags tags, void* outer)
+{
+    if (tags == kAttributes && likely(side.left() >= 3)) {
+        memcpy(side.cursor, "/>\n", 3);
+        side.cursor += 3;
+    } else if ((tags & (kElements | kBoth)) != 0 && likely(side.left() >= name.length + 4) &&
+               (tags & kNoLineFeed) == 0) {
+        char* at = side.cursor;
+        memcpy(at, "</", 2);
+        at = putName(at + 2, name);
+        memcpy(at, ">\n", 2);
+        side.cursor = at + 2;
+    } else {
+        leaveElsewhere(side, name, tags, outer);
     }
 }
 
@@ -131,7 +148,7 @@ bool readOwnText(const ElementReader& in, char* field, size_t size)
 } // namespace
 
 Element::Element(Side& side, Name name, Tags tags)
-    : side_(side), name_(name), tags_(tags), outer_(enter(side, {name, 0, 0, 0}, tags))
+    : side_(side), name_(name), tags_(tags), outer_(enter(side, name, tags))
 {}
 
 void Element::close()
@@ -147,24 +164,19 @@ void Element::elements() const
     }
 }
 
-bool Siblings::next(Name name)
-{
-    return next({name, 0, 0, 0});
-}
-
-bool Siblings::next(const ElementSeen& row)
+bool Siblings::next(Name name, size_t index, const Rows* rows)
 {
     if (isTree(side_) && outer_) {
         TreeReader& reader = readerOf(side_);
-        const ElementReader found = reader.at.next(row.name.text);
+        const ElementReader found = reader.at.next(name.text);
         if (found)
             reader.at = found;
         return static_cast<bool>(found);
     }
     if (outer_)
         close();
-    name_ = row.name;
-    outer_ = enter(side_, row, tags_);
+    name_ = name;
+    outer_ = enter(side_, name, tags_, index, rows);
     return outer_ != nullptr;
 }
 
@@ -182,7 +194,7 @@ size_t walkRows(Side& side, Name name, const Rows& rows, Tags tags)
     for (size_t i = 0; i < rows.count; ++i, row += rows.size) {
         if (side.writes() && rows.isWritten && !side.takes(rows.isWritten(row)))
             continue;
-        if (!elements.next({name, i, rows.count, rows.size}))
+        if (!elements.next(name, i, &rows))
             break;
         rows.list(side, row);
         ++count;

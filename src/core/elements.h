@@ -78,6 +78,8 @@ inline Element elementIf(bool condition, Side& side, Name name, Tags tags = kAtt
     return side.takes(condition) ? Element(side, name, tags) : Element(side);
 }
 
+struct Rows;
+
 // Elements one behind the other, each closed by the next one or by the object's end. The first is looked for
 // among the children, any other one behind the one before.
 class Siblings
@@ -92,10 +94,8 @@ public:
     Siblings(const Siblings&) = delete;
     Siblings& operator=(const Siblings&) = delete;
 
-    bool next(Name name);
-
-    // The same for one of a number of rows.
-    bool next(const ElementSeen& row);
+    // An element, or one of a number of rows.
+    bool next(Name name, size_t index = 0, const Rows* rows = nullptr);
 
 private:
     void close();

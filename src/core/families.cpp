@@ -26,7 +26,8 @@ const FamilyTable kFamilies = {kAll, sizeof kAll / sizeof *kAll};
 const Family* findFamily(std::string_view type, std::string_view code)
 {
     for (const Family* const family : kFamilies)
-        if (isOf(*family, type) && (!family->code || code == family->code))
+        if ((family->lengths & Family::bitOf(type.size())) != 0 && isOf(*family, type) &&
+            (!family->code || code == family->code))
             return family;
     return nullptr;
 }

@@ -4,29 +4,6 @@
 
 namespace zel {
 
-bool includes(Kinds kinds, int kind)
-{
-    switch (kinds) {
-    case Kinds::kNone:
-        return false;
-    case Kinds::kRequests:
-        return isRequest(kind);
-    case Kinds::kResponses:
-        return isResponse(kind);
-    case Kinds::kNotRequests:
-        return !isRequest(kind);
-    case Kinds::kNotResponses:
-        return !isResponse(kind);
-    case Kinds::kAll:
-        return true;
-    case Kinds::kZero:
-        return kind == 0;
-    case Kinds::kNotZero:
-        return kind != 0;
-    }
-    return false;
-}
-
 // --- One message ---------------------------------------------------------------------------------
 
 namespace {

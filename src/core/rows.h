@@ -35,21 +35,25 @@ inline int printedLength(std::string_view text)
 
 // --- One message ---------------------------------------------------------------------------------
 
-// The kinds that a part of a message is written for. Other numbers than 0 to 3 are no request and no
-// response.
+// The kinds that a part of a message is written for: a bit for each of 0 to 3, and one for all other numbers,
+// which are no request and no response.
 enum class Kinds : uint8_t
 {
-    kNone,
-    kRequests,
-    kResponses,
-    kNotRequests,
-    kNotResponses,
-    kAll,
-    kZero,
-    kNotZero
+    kNone = 0,
+    kRequests = 0x05,
+    kResponses = 0x0A,
+    kNotRequests = 0x1A,
+    kNotResponses = 0x15,
+    kAll = 0x1F,
+    kZero = 0x01,
+    kNotZero = 0x1E
 };
 
-bool includes(Kinds kinds, int kind);
+inline bool includes(Kinds kinds, int kind)
+{
+    const unsigned int bit = kind >= 0 && kind < 4 ? static_cast<unsigned int>(kind) : 4;
+    return (static_cast<unsigned int>(kinds) >> bit & 1) != 0;
+}
 
 // What stands behind a record in its block: an extension, or data.
 enum class Tail : uint8_t
@@ -325,14 +329,21 @@ struct Family
     constexpr Family(Name type, const CodeRow (&all)[N], ComposeFamily composeBy = composeCode,
                      AnalyseFamily analyseBy = analyseCode, UnknownCode reportUnknown = unknownCode)
         : types{type, "", ""}, codes(all), count(N), compose(composeBy), analyse(analyseBy),
-          unknown(reportUnknown), name(type.text), analysisName(type.text)
+          unknown(reportUnknown), name(type.text), analysisName(type.text), lengths(bitOf(type.length))
     {}
+
+    // A set of lengths, each by its low bits: most families aren't looked at any closer.
+    static constexpr uint32_t bitOf(size_t length)
+    {
+        return uint32_t{1} << length % 32;
+    }
 
     constexpr Family alsoNamed(Name second, Name third = "") const
     {
         Family family = *this;
         family.types[1] = second;
         family.types[2] = third;
+        family.lengths |= bitOf(second.length) | bitOf(third.length);
         return family;
     }
     // What its log texts begin with.
@@ -373,6 +384,7 @@ struct Family
     UnknownCode unknown;
     const char* name;
     const char* analysisName;
+    uint32_t lengths; // of its types
     ComposeHeader composeHeader = nullptr;
     const char* code = nullptr;
     bool isBare = false;

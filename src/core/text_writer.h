@@ -69,6 +69,30 @@ inline TextWriter& writerOf(Side& side)
     return static_cast<TextWriter&>(side);
 }
 
+inline bool likely(bool condition)
+{
+    return __builtin_expect(condition, true);
+}
+
+// Names have a few bytes to some thirty: moves that may overlap, in place of a call.
+inline char* putName(char* at, Name name)
+{
+    char* const end = at + name.length;
+    if (name.length >= 8) {
+        memcpy(at, name.text, 8);
+        for (size_t done = 8; done + 8 < name.length; done += 8)
+            memcpy(at + done, name.text + done, 8);
+        memcpy(end - 8, name.text + name.length - 8, 8);
+    } else if (name.length >= 4) {
+        memcpy(at, name.text, 4);
+        memcpy(end - 4, name.text + name.length - 4, 4);
+    } else {
+        for (size_t i = 0; i < name.length; ++i)
+            at[i] = name.text[i];
+    }
+    return end;
+}
+
 // Prints like %d and %u (or PRIu64). At most 20 bytes; returns the end.
 char* printNumber(char* at, int32_t value);
 char* printNumber(char* at, uint32_t value);
