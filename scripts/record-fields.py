@@ -205,7 +205,8 @@ def main():
     committed = path.read_text().splitlines() if path.exists() else []
     made = text.splitlines()
     if committed != made:
-        at = next((i for i, pair in enumerate(zip(committed, made)) if pair[0] != pair[1]), min(len(committed), len(made)))
+        both = min(len(committed), len(made))
+        at = next((i for i in range(both) if committed[i] != made[i]), both)
         fail(
             f"{LIST} is stale: make records\n"
             f"  line {at + 1} is      {committed[at] if at < len(committed) else 'missing'}\n"
