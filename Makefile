@@ -5,7 +5,7 @@ BUILD := build/release
 MAKEFLAGS += --no-print-directory
 
 .DEFAULT_GOAL := help
-.PHONY: help demo test size bench costs fuzz corpus fuzz-coverage clean dependencies release build-fuzz
+.PHONY: help demo test size bench costs records fuzz corpus fuzz-coverage clean dependencies release build-fuzz
 
 help:
 	@echo "make demo   build everything, let a camera and a client talk over loopback"
@@ -13,6 +13,7 @@ help:
 	@echo "make size   size of the shared library"
 	@echo "make bench  how fast the messages are beside code written by hand; also in build/bench.json"
 	@echo "make costs  what every message costs, into docs/costs.md"
+	@echo "make records what the records hold, into src/catalogue/records.inc, after a change of the headers"
 	@echo "make fuzz   build the fuzzers, run each for FUZZ_SECONDS (60)"
 	@echo "make corpus renew what the fuzzers start from, after a change of the messages"
 	@echo "make clean  remove build/"
@@ -38,6 +39,10 @@ bench:
 costs:
 	scripts/install-dependencies.sh costs
 	scripts/costs.sh write
+
+records:
+	scripts/install-dependencies.sh records
+	scripts/record-fields.py write
 
 FUZZ_SECONDS ?= 60
 

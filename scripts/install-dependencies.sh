@@ -5,6 +5,7 @@
 #   install-dependencies.sh ci    what .ci/run needs on top
 #   install-dependencies.sh bench what `make bench` needs on top
 #   install-dependencies.sh costs what `make costs` needs on top
+#   install-dependencies.sh records what `make records` needs on top
 #   install-dependencies.sh fuzz  what `make fuzz` needs on top
 #   install-dependencies.sh cross what the presets m32 and arm64 need on top; a cross compiler takes the place of
 #                                 the package gcc-multilib, which Debian doesn't install beside one
@@ -28,6 +29,7 @@ has_fuzzer_runtime() {
     has_command clang++ && printf 'extern "C" int LLVMFuzzerTestOneInput(const char*, unsigned long) { return 0; }' |
         clang++ -x c++ -fsanitize=fuzzer,address - -o /dev/null 2>/dev/null
 }
+has_clang_parser() { /usr/bin/python3 -c 'from clang.cindex import Index; Index.create()' 2>/dev/null; }
 
 packages=()
 names=()
@@ -70,6 +72,10 @@ costs)
     need g++ 'GCC' has_command g++
     need valgrind 'valgrind' has_command valgrind
     ;;
+records)
+    need python3 'Python 3' test -x /usr/bin/python3
+    need python3-clang-14 "clang's parser for Python" has_clang_parser
+    ;;
 fuzz)
     need clang 'clang' has_command clang++
     need libclang-rt-14-dev "clang's sanitizer and fuzzer runtime" has_fuzzer_runtime
@@ -85,7 +91,7 @@ cross)
     need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
     ;;
 *)
-    echo "usage: $0 [ci|bench|costs|fuzz|cross]" >&2
+    echo "usage: $0 [ci|bench|costs|records|fuzz|cross]" >&2
     exit 2
     ;;
 esac
