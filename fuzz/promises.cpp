@@ -320,8 +320,8 @@ Record makeRecord(const test::CatalogueEntry& entry, Fill fill, const std::strin
     std::copy_n(content.data(), std::min(content.size(), entry.size), bytes);
     if (entry.pointerAt != 0)
         memset(bytes + entry.pointerAt, 0, sizeof(void*));
-    if (complete && entry.complete)
-        entry.complete(bytes);
+    if (complete)
+        test::completeRecord(entry, bytes);
     return record;
 }
 

@@ -5,6 +5,7 @@
 #define ZEL_PROTOCOL_ZEL_PROTOCOL_H
 
 #include "zel_protocol/alarm_report.h"
+#include "zel_protocol/catalogue.h"
 #include "zel_protocol/core.h"
 #include "zel_protocol/live_stream.h"
 #include "zel_protocol/media_data.h"

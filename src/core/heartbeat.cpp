@@ -35,7 +35,7 @@ void emptyBody(Side&, ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM&) {}
 constexpr MessageRow kHeartbeat =
     message<ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM_init>("GetMessageHeaderEx", body<emptyBody>(Kinds::kNone))
         .quiet()
-        .headedBy<heartbeat>()
+        .headedBy<heartbeat>(Kinds::kAll)
         .analysedBy(analyseHeartbeat);
 
 constexpr char kCode[] = "CMD_HEARTBEAT";

@@ -208,12 +208,13 @@ struct MessageRow
         row.record.pointerAt = static_cast<uint16_t>(pointerAt);
         return row;
     }
-    // Attributes of MESSAGE_HEADER that belong to the record.
+    // Attributes of MESSAGE_HEADER that belong to the record, and the kinds that they are written for.
     template <auto list>
-    constexpr MessageRow headedBy() const
+    constexpr MessageRow headedBy(Kinds kinds) const
     {
         MessageRow row = *this;
         row.header = Erased<list>::call;
+        row.headerKinds = kinds;
         return row;
     }
     // What follows the text; the record's pointer to it, where it has one.
@@ -236,6 +237,7 @@ struct MessageRow
     RecordType extension;  // hangs on the record's pExData
     Part parts[3];         // in the order in which an analysis looks for them
     List header = nullptr; // over MESSAGE_HEADER
+    Kinds headerKinds = Kinds::kNone;
     const char* missing = nullptr;
     ComposeRow compose = nullptr; // null: the ordinary way
     AnalyseRow analyse = nullptr;

@@ -128,7 +128,7 @@ constexpr MessageRow kStart =
         over<startResponse>("TRANS_PARAM", Kinds::kNotRequests))
         .reporting("STREAM_START_PARAM")
         .quiet()
-        .headedBy<headerAttributes>()
+        .headedBy<headerAttributes>(Kinds::kNotRequests)
         .analysedBy(analyseStream);
 constexpr MessageRow kStop =
     message<LIVE_STREAM_CMD_STREAM_STOP_PARAM_init>("LiveStreamCmdStopMessageAnalysis",

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "support/catalogue.h"
+#include "support/reviewed.h"
 #include "support/wire.h"
 
 using namespace test;
@@ -51,6 +52,12 @@ const std::vector<Sample>& samples()
 bool hasBody(const Sample& sample)
 {
     return std::count(sample.entry.kinds.begin(), sample.entry.kinds.end(), sample.kind) != 0;
+}
+
+// The words of a scan are composed, but not among those that an analysis looks for.
+bool isAnalysed(const Sample& sample)
+{
+    return hasBody(sample) && sample.entry.word.rfind("Scan", 0) != 0;
 }
 
 size_t stepOf(size_t length)
@@ -114,7 +121,8 @@ TEST(Catalogue, BodiesByKind)
         const bool empty = sample.text.find("<MESSAGE_BODY>\n</MESSAGE_BODY>") != std::string::npos;
         EXPECT_EQ(empty, !hasBody(sample)) << sample.entry.name() << sample.kind << sample.text;
         // Only the recorder's channel messages tell 0 from 2.
-        const bool zeroAlone = strncmp(sample.entry.code, "380", 3) == 0 && sample.kind == 0;
+        const std::string& code = sample.entry.code;
+        const bool zeroAlone = (code == "3801" || code == "3803" || code == "3804") && sample.kind == 0;
         EXPECT_EQ(sampleOf(sample.entry, fullRecord(sample.entry).data(), sample.kind + 2).text ==
                       sample.text,
                   !zeroAlone)
@@ -122,20 +130,11 @@ TEST(Catalogue, BodiesByKind)
     }
 }
 
-TEST(Catalogue, InitsRefuseNull)
-{
-    for (const CatalogueEntry& entry : catalogue()) {
-        EXPECT_EQ(entry.init(nullptr), -1) << entry.name();
-        RecordBytes bytes = freshRecord(entry);
-        EXPECT_EQ(entry.init(bytes.data()), 0) << entry.name();
-    }
-}
-
 // A fresh record composes in every direction, and what comes out can be analysed or is refused.
 TEST(Catalogue, FreshRecords)
 {
     for (const CatalogueEntry& entry : catalogue()) {
-        if (std::string(entry.type) == "PTZ_CONTROL_MESSAGE")
+        if (!entry.word.empty())
             continue; // needs a command word
         for (const int kind : {0, 1}) {
             const Analysed analysed = analyse(sampleOf(entry, freshRecord(entry).data(), kind).text);
@@ -153,7 +152,7 @@ TEST(Catalogue, FullRecords)
     for (const Sample& sample : samples()) {
         resetServices();
         const Analysed analysed = analyse(sample.text + sample.raw);
-        if (hasBody(sample)) {
+        if (isAnalysed(sample)) {
             EXPECT_EQ(analysed.result, 0) << sample.entry.name() << sample.kind << sample.text;
         }
         EXPECT_EQ(services().blocks, analysed.result == 0 ? 1 : 0) << sample.entry.name();
@@ -279,7 +278,7 @@ TEST(Catalogue, ComposeAnalyseCompose)
 {
     std::set<std::string> differing;
     for (const Sample& sample : samples()) {
-        if (!hasBody(sample))
+        if (!isAnalysed(sample))
             continue;
         const Analysed analysed = analyse(sample.text + sample.raw);
         const Sample again = sampleOf(sample.entry, analysed.record.get(), sample.kind);
@@ -289,14 +288,7 @@ TEST(Catalogue, ComposeAnalyseCompose)
         else
             EXPECT_EQ(sampleOf(sample.entry, second.record.get(), sample.kind).text, again.text);
     }
-    EXPECT_EQ(differing,
-              (std::set<std::string>{
-                  "NVR_REPLAY_MESSAGE 3012 response", "SYSTEM_CONFIG_GET_MESSAGE 1020 response",
-                  "SYSTEM_CONFIG_GET_MESSAGE 3803 response", "SYSTEM_CONFIG_SET_MESSAGE 1403 request",
-                  "SYSTEM_CONTROL_MESSAGE 1012 response", "SYSTEM_CONTROL_MESSAGE 1020 response",
-                  "SYSTEM_SEARCHIPC_MESSAGE 3 request", "SYSTEM_SEARCHIPC_MESSAGE 3 response",
-                  "SYSTEM_SEARCHIPC_MESSAGE 21 request", "SYSTEM_SEARCHIPC_MESSAGE 21 response",
-                  "USER_AUTH_MESSAGE CMD_USER_AUTH request"}));
+    expectLines("directions_differ.txt", differing);
 }
 
 // --- Failing memory ------------------------------------------------------------------------------

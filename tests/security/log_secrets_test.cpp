@@ -125,8 +125,7 @@ TEST(LogSecrets, EveryPasswordOfTheCatalogue)
         // Wherever a text field begins, the secret comes within its first bytes.
         for (size_t i = 0; i < entry.size; ++i)
             record[i] = kSecret[i % kSecret.size()];
-        if (entry.complete)
-            entry.complete(record);
+        completeRecord(entry, record);
         ++messages;
         for (const ZEL_PLATFORM_LOG_LEVEL level : kLevels)
             expectNothingSecret(printedAt(level, [&] { exchange(catalogueHeader(entry), record, 1); }));

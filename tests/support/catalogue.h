@@ -1,8 +1,10 @@
-// Every message of the library, for the loops over all of them: tests, fuzzers and the cost sheet.
+// The library's catalogue as the tests, fuzzers and the cost sheet loop over it: each message with what
+// completes a record of it.
 #ifndef ZEL_TESTS_SUPPORT_CATALOGUE_H
 #define ZEL_TESTS_SUPPORT_CATALOGUE_H
 
 #include <cstring>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,24 +14,32 @@ namespace test {
 
 struct CatalogueEntry
 {
-    const char* type;
-    const char* code;
+    int index; // in the library's catalogue
+    std::string type;
+    std::string code;
+    std::string word; // empty: none
+    std::string record;
     std::vector<int> kinds; // of 0 and 1: those with a body
     size_t size;            // of the record
     int (*init)(void* record);
-    void (*complete)(void* record) = nullptr; // sets what can't be any bytes: command words, extensions
-    size_t pointerAt = 0;                     // place of the record's pointer; 0: it has none
+    size_t pointerAt; // place of the record's pointer; 0: it has none
+    size_t extensionSize;
+    int32_t alarmCode;
+    ZEL_BEHIND behind;
+    bool bare;
 
     std::string name() const
     {
-        return std::string(type) + " " + code;
+        return type + " " + code + (word.empty() ? "" : " " + word) +
+               (alarmCode == -1 ? "" : " " + std::to_string(alarmCode));
     }
     bool isBare() const
     {
-        return strcmp(type, "SYSTEM_SEARCHIPC_MESSAGE") == 0;
+        return bare;
     }
 };
 
+// Every message that has a record and goes through the entry points by its type.
 const std::vector<CatalogueEntry>& catalogue();
 
 // A record's bytes, aligned as a block from malloc is.
@@ -37,10 +47,15 @@ using RecordBytes = std::vector<long double>;
 
 RecordBytes freshRecord(const CatalogueEntry& entry);
 
-// Every number set and every text filled to its last byte, then completed.
+// Every number set and every text filled to its last byte, then completed: command words, extensions, and
+// what can't be any bytes.
 RecordBytes fullRecord(const CatalogueEntry& entry);
+void completeRecord(const CatalogueEntry& entry, void* record);
 
 ZEL_PROTOCOL_HEADER catalogueHeader(const CatalogueEntry& entry);
+
+// Calls back for each element and attribute of a message.
+void describe(const CatalogueEntry& entry, int kind, const std::function<void(const ZEL_DESCRIPTION&)>& see);
 
 } // namespace test
 
