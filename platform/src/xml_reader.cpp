@@ -61,12 +61,14 @@ void* nextSibling(ZelXMLDocument* document, void* sibling, const char* name, std
 {
     const Attribute* const begin = node.attributes();
     const Attribute* const end = begin + node.attributeCount;
-    const Attribute* at = node.owns(document.next) ? document.next : begin;
+    const Attribute* at = document.lastNode == &node ? document.next : begin;
     for (std::uint32_t tried = 0; tried < node.attributeCount; ++tried, ++at) {
         if (at == end)
             at = begin;
         if (isNamed(document, at->name, name, length)) {
+            document.lastNode = &node;
             document.next = at + 1;
+            document.end = end;
             return at;
         }
     }
@@ -78,7 +80,7 @@ void* nextSibling(ZelXMLDocument* document, void* sibling, const char* name, std
                                                              const char* name, std::size_t length) noexcept
 {
     const Attribute* const next = document.next;
-    if (!node.owns(next) || !isNamed(document, next->name, name, length))
+    if (document.lastNode != &node || next == document.end || !isNamed(document, next->name, name, length))
         return searchAttribute(document, node, name, length);
     document.next = next + 1;
     return next;

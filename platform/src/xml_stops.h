@@ -304,47 +304,52 @@ public:
     /* From an entry on, the first that lies at a place or behind it. */
     const std::uint32_t* from(const std::uint32_t* entry, std::uint32_t place) noexcept
     {
-        for (;;) {
-            while (*entry < place)
-                ++entry;
-            if (!isUsedUp(entry) || !lookOn(entry))
-                return entry;
-        }
+        while (*entry < place)
+            ++entry;
+        return isUsedUp(entry) ? fromNext(entry, place) : entry;
     }
 
-    /* Makes the list anew, of the bytes that follow. False at the text's end, with nothing changed. */
-    [[gnu::noinline]] bool lookOn(const std::uint32_t*& entry) noexcept
+    /* The same once the list is used up: makes it anew, of the bytes that follow. At the text's end it stays. */
+    [[gnu::noinline]] const std::uint32_t* fromNext(const std::uint32_t* entry, std::uint32_t place) noexcept
     {
-        if (seen >= size)
-            return false;
-        std::uint32_t* out = places;
-        for (const std::uint32_t target = size - seen > kAhead ? seen + kAhead : size; seen < target;
-             seen += kBlock)
-            out = append(out, stopsOf(text + seen));
-        close(out);
-        entry = places;
-        return true;
+        while (seen < size && isUsedUp(entry)) {
+            lookOn();
+            entry = places;
+            while (*entry < place)
+                ++entry;
+        }
+        return entry;
     }
 
 private:
     static constexpr std::uint32_t kAhead = 1024;
     static constexpr unsigned int kUsual = 8; /* entries of a block */
 
-    /* The usual ones without a branch, at the price of some that are overwritten. */
-    std::uint32_t* append(std::uint32_t* out, std::uint64_t stops) noexcept
+    void lookOn() noexcept
     {
-        std::uint64_t starts = stops & ~(stops << 1 | stopsBefore);
-        stopsBefore = stops >> 63;
-        const unsigned int count = bitsIn(starts);
-        const auto put = [this, &starts](std::uint32_t* to, std::uint64_t bits) {
-            *to = seen + static_cast<std::uint32_t>(__builtin_ctzll(bits));
-            starts &= starts - 1;
-        };
+        std::uint32_t* out = places;
+        std::uint32_t place = seen;
+        const std::uint32_t target = size - place > kAhead ? place + kAhead : size;
+        std::uint64_t before = stopsBefore;
+        for (; place < target; place += kBlock) {
+            const std::uint64_t stops = stopsOf(text + place);
+            out = append(out, stops & ~(stops << 1 | before), place);
+            before = stops >> 63;
+        }
+        stopsBefore = before;
+        seen = place;
+        close(out);
+    }
+
+    /* The usual ones without a branch, at the price of some that are overwritten. */
+    static std::uint32_t* append(std::uint32_t* out, std::uint64_t starts, std::uint32_t place) noexcept
+    {
         constexpr std::uint64_t kAny = std::uint64_t{1} << 63;
-        for (unsigned int i = 0; i < kUsual; ++i)
-            put(out + i, starts | kAny);
-        for (unsigned int i = kUsual; i < count; ++i)
-            put(out + i, starts);
+        const unsigned int count = bitsIn(starts);
+        for (unsigned int i = 0; i < kUsual; ++i, starts &= starts - 1)
+            out[i] = place + static_cast<std::uint32_t>(__builtin_ctzll(starts | kAny));
+        for (unsigned int i = kUsual; i < count; ++i, starts &= starts - 1)
+            out[i] = place + static_cast<std::uint32_t>(__builtin_ctzll(starts));
         return out + count;
     }
 

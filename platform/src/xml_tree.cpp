@@ -194,63 +194,63 @@ private:
     }
 
     /* From the first byte of a name on. Returns the first byte that is no attribute's. */
-    char* readAttributes(char* at, Node& node) noexcept
+    char* readAttributes(char* name, Node& node) noexcept
     {
         char* const text = base;
+        std::uint32_t at = placeOf(name);
         Attribute* to = node.attributes();
         const std::uint32_t* next = stop;
         for (;;) {
-            const char* equals = text + next[0];
-            const auto nameSize = static_cast<std::uint32_t>(equals - at);
-            char* behind = text + next[1];
+            std::uint32_t sign = next[0];
+            std::uint32_t end = next[1];
+            const std::uint32_t nameSize = sign - at;
+            bool isRead = false;
             /* Some peers put a blank before the sign. */
-            if (isEqualsAndQuote(equals) || (*equals == ' ' && isEqualsAndQuote(++equals))) {
-                char* const value = text + placeOf(equals) + 2;
+            if (isEqualsAndQuote(text + sign) || (text[sign] == ' ' && isEqualsAndQuote(text + ++sign))) {
+                const std::uint32_t value = sign + 2;
                 /* Letters and digits alone are a value that ends where they do. */
-                const bool isPlain = *behind == '"' && is(*value, kInName);
-                if (!isPlain)
-                    behind = findEither(value, '"', '&');
-                new (to) Attribute{{placeOf(at), nameSize},
-                                   {placeOf(value), static_cast<std::uint32_t>(behind - value)}};
-                if (isPlain) {
+                if (text[end] == '"' && is(text[value], kInName)) {
                     next += 2;
-                } else if (*behind == '"') {
-                    while (*next <= placeOf(behind))
-                        ++next;
+                    isRead = true;
                 } else {
-                    behind = nullptr;
+                    end = placeOf(findEither(text + value, '"', '&'));
+                    isRead = text[end] == '"';
+                    if (isRead)
+                        next = stops.from(next, end + 1);
                 }
-            } else if (stops.isUsedUp(next) && stops.lookOn(next)) {
-                next = stops.from(next, placeOf(at));
-                continue;
-            } else {
-                behind = nullptr;
+                new (to) Attribute{{at, nameSize}, {value, end - value}};
+            } else if (stops.isUsedUp(next)) {
+                next = stops.fromNext(next, at);
+                if (!stops.isUsedUp(next))
+                    continue;
             }
-            if (!behind) {
-                behind = readOddAttribute(at, to);
+            if (!isRead) {
+                const char* const behind = readOddAttribute(text + at, to);
                 if (!behind)
                     return nullptr;
-                next = stops.from(next, placeOf(behind) + 1);
+                end = placeOf(behind);
+                next = stops.from(next, end + 1);
             }
             ++to;
-            ++quotedSigns;
-            at = behind + 1;
             /* White space must part it from the next one. */
-            if (!is(*at, kSpace)) {
-                if (is(*at, kStartsName))
+            at = end + 1;
+            if (!is(text[at], kSpace)) {
+                if (is(text[at], kStartsName))
                     return nullptr;
                 break;
             }
-            if (is(*++at, kStartsName))
+            ++at;
+            if (is(text[at], kStartsName))
                 continue;
-            at = skipSpace(at);
-            if (!is(*at, kStartsName))
+            at = placeOf(skipSpace(text + at));
+            if (!is(text[at], kStartsName))
                 break;
         }
         stop = next;
         row = to;
         node.attributeCount = static_cast<std::uint32_t>(to - node.attributes());
-        return at;
+        quotedSigns += node.attributeCount;
+        return text + at;
     }
 
     /* Any attribute there may be. Returns its closing quotation mark. */
@@ -310,7 +310,9 @@ Document* makeDocument(const char* text, std::size_t size) noexcept
     auto* const document = new (block) Document;
     document->references = 1;
     document->text = static_cast<char*>(block) + sizeof(Document) + row;
+    document->lastNode = nullptr;
     document->next = nullptr;
+    document->end = nullptr;
     std::memcpy(document->text, text, size);
     std::memset(document->text + size, 0, kBlock);
 

@@ -39,11 +39,6 @@ struct Node
     {
         return static_cast<const Attribute*>(static_cast<const void*>(this + 1));
     }
-    bool owns(const Attribute* attribute) const noexcept
-    {
-        return reinterpret_cast<std::uintptr_t>(attribute) - reinterpret_cast<std::uintptr_t>(attributes()) <
-               attributeCount * sizeof(Attribute);
-    }
     Node* firstChild() noexcept
     {
         return static_cast<Node*>(static_cast<void*>(attributes() + attributeCount));
@@ -64,7 +59,9 @@ struct Document : ZelXMLDocument
 {
     char* text;
     /* The search starts behind the attribute that was found last: most are read in the order of writing. */
+    const Node* lastNode;
     const Attribute* next;
+    const Attribute* end;
 
     /* Directly behind the document. */
     Node* root() noexcept
