@@ -167,24 +167,32 @@ inline Bytes bytesAt(const char* at) noexcept
 #endif
 }
 
-/* Of bytes below 0x80: those from one byte to another. */
-constexpr Bytes within(Bytes bytes, int first, int last) noexcept
+/* Of bytes below 0x80: those that aren't below that one. */
+constexpr Bytes from(Bytes bytes, int first) noexcept
 {
-    return (bytes + each(0x80 - first)) & ~(bytes + each(0x7F - last));
+    return bytes + each(0x80 - first);
+}
+
+constexpr Bytes same(Bytes bytes, char c) noexcept
+{
+    const Bytes low = bytes & ~kHighBits;
+    return (from(low, c) ^ from(low, c + 1)) & ~bytes & kHighBits;
 }
 
 /* The block's stops as bits, the first byte's lowest. */
 inline std::uint64_t stopsOf(const char* block) noexcept
 {
-    /* Moves the highest bits of a word's bytes together at its upper end: byte i's goes 7 * (n - 1 - i) up. */
+    /* Moves the highest bits of a word's bytes together, at its upper end. */
     constexpr Bytes kGather = sizeof(Bytes) == 8 ? static_cast<Bytes>(0x0002040810204081) : 0x00204081;
     std::uint64_t stops = 0;
     for (std::size_t i = 0; i < kBlock; i += sizeof(Bytes)) {
         const Bytes bytes = bytesAt(block + i);
         const Bytes low = bytes & ~kHighBits;
-        const Bytes names = bytes | within(low | each(0x20), 'a', 'z') |
-                            (within(low, '-', ':') & ~within(low, '/', '/')) | within(low, '_', '_');
-        const Bytes found = ~names & kHighBits;
+        const Bytes folded = low | each(0x20);
+        /* In and out again at the borders of each range. */
+        const Bytes names = from(folded, 'a') ^ from(folded, 'z' + 1) ^ from(low, '-') ^ from(low, '.' + 1) ^
+                            from(low, '0') ^ from(low, ':' + 1) ^ from(low, '_') ^ from(low, '_' + 1);
+        const Bytes found = ~(names | bytes) & kHighBits;
         stops |= static_cast<std::uint64_t>(found * kGather >> (8 * sizeof(Bytes) - sizeof(Bytes))) << i;
     }
     return stops;
@@ -199,9 +207,8 @@ inline Signs countSixteens(const char* text, const char* end) noexcept
         Bytes equals = 0;
         for (const char* const stop = end - text > 128 ? text + 128 : end; text != stop; text += sizeof(Bytes)) {
             const Bytes bytes = bytesAt(text);
-            const Bytes low = bytes & ~kHighBits;
-            openings += (within(low, '<', '<') & ~bytes & kHighBits) >> 7;
-            equals += (within(low, '=', '=') & ~bytes & kHighBits) >> 7;
+            openings += same(bytes, '<') >> 7;
+            equals += same(bytes, '=') >> 7;
         }
         /* Neighbours added up to pairs of bytes, those by a product. */
         const auto sum = [](Bytes counters) {
@@ -261,9 +268,7 @@ inline Signs count(const char* text, std::size_t size) noexcept
 #else
     for (;; at += sizeof(Bytes)) {
         const Bytes bytes = bytesAt(at);
-        const Bytes low = bytes & ~kHighBits;
-        const Bytes found = (within(low, one, one) | within(low, other, other) | within(low, 0, 0)) &
-                            ~bytes & kHighBits;
+        const Bytes found = same(bytes, one) | same(bytes, other) | same(bytes, '\0');
         if (found != 0)
             return at + static_cast<unsigned int>(__builtin_ctzll(found)) / 8;
     }
