@@ -1,6 +1,7 @@
 /*
- * XML service: a reader for the texts of this protocol, in two stages: xml_stops.h finds where names and values
- * end, xml_tree.cpp makes elements and attributes of that. Here is what looks them up and reads their values.
+ * XML service: a reader for the texts of this protocol, in two stages: xml_stops.h finds where names and
+ * values end, xml_tree.cpp makes elements and attributes of that. Here is what looks them up and reads their
+ * values.
  */
 #include "zel_platform/xml.h"
 

@@ -54,8 +54,8 @@ inline bool takeCode(const char*& at, std::uint32_t& code) noexcept
     return at != digits && *at++ == ';';
 }
 
-/* Replaces references in a terminated text. Returns its new end, or null for a character that may not be: NUL,
- * or beyond the last. */
+/* Replaces references in a terminated text. Returns its new end, or null for a character that may not be:
+ * NUL, or beyond the last. */
 inline char* resolveReferences(char* text) noexcept
 {
     struct Entity

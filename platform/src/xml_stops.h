@@ -40,7 +40,7 @@ struct Signs
 
 inline __m128i bytesAt(const char* at) noexcept
 {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    return _mm_loadu_si128(static_cast<const __m128i*>(static_cast<const void*>(at)));
 }
 
 inline __m128i same(__m128i bytes, char c) noexcept
@@ -205,7 +205,8 @@ inline Signs countSixteens(const char* text, const char* end) noexcept
     while (text != end) {
         Bytes openings = 0;
         Bytes equals = 0;
-        for (const char* const stop = end - text > 128 ? text + 128 : end; text != stop; text += sizeof(Bytes)) {
+        for (const char* const stop = end - text > 128 ? text + 128 : end; text != stop;
+             text += sizeof(Bytes)) {
             const Bytes bytes = bytesAt(text);
             openings += same(bytes, '<') >> 7;
             equals += same(bytes, '=') >> 7;
@@ -249,16 +250,15 @@ inline Signs count(const char* text, std::size_t size) noexcept
 #if defined(ZEL_XML_SSE2)
     for (;; at += 16) {
         const __m128i bytes = bytesAt(at);
-        const std::uint64_t found = bitsOf(
-            _mm_or_si128(_mm_or_si128(same(bytes, one), same(bytes, other)), same(bytes, '\0')));
+        const std::uint64_t found =
+            bitsOf(_mm_or_si128(_mm_or_si128(same(bytes, one), same(bytes, other)), same(bytes, '\0')));
         if (found != 0)
             return at + __builtin_ctzll(found);
     }
 #elif defined(ZEL_XML_NEON)
     for (;; at += 16) {
         const uint8x16_t bytes = bytesAt(at);
-        const uint8x16_t found =
-            vorrq_u8(vorrq_u8(same(bytes, one), same(bytes, other)), vceqzq_u8(bytes));
+        const uint8x16_t found = vorrq_u8(vorrq_u8(same(bytes, one), same(bytes, other)), vceqzq_u8(bytes));
         /* Four bits for each byte. */
         const uint8x8_t fours = vshrn_n_u16(vreinterpretq_u16_u8(found), 4);
         const std::uint64_t bits = vget_lane_u64(vreinterpret_u64_u8(fours), 0);
@@ -314,7 +314,8 @@ public:
         return isUsedUp(entry) ? fromNext(entry, place) : entry;
     }
 
-    /* The same once the list is used up: makes it anew, of the bytes that follow. At the text's end it stays. */
+    /* The same once the list is used up: makes it anew, of the bytes that follow. At the text's end it stays.
+     */
     [[gnu::noinline]] const std::uint32_t* fromNext(const std::uint32_t* entry, std::uint32_t place) noexcept
     {
         while (seen < size && isUsedUp(entry)) {

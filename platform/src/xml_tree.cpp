@@ -2,9 +2,9 @@
  * Stage two: from the places where names and values end to elements and attributes.
  *
  * It walks along the list of stage one over a private copy of the text. Most attributes are a name, the two
- * bytes =" and a value of letters and digits: their four places are known without a look at a byte in between,
- * and that the value holds neither reference nor quotation mark is then proven. Whatever else there is takes
- * a slower way of the same outcome.
+ * bytes =" and a value of letters and digits: their four places are known without a look at a byte in
+ * between, and that the value holds neither reference nor quotation mark is then proven. Whatever else there
+ * is takes a slower way of the same outcome.
  *
  * Elements and attributes lie in one row, in the order of the text and in one block with it. What is counted
  * before bounds the row, so nothing grows while reading. It reads elements, attributes, text, CDATA,
@@ -276,8 +276,8 @@ private:
         const char* const end = resolveReferences(value);
         if (!end)
             return nullptr;
-        new (to) Attribute{{placeOf(name), nameSize},
-                           {placeOf(value), static_cast<std::uint32_t>(end - value)}};
+        new (to)
+            Attribute{{placeOf(name), nameSize}, {placeOf(value), static_cast<std::uint32_t>(end - value)}};
         return behind;
     }
 

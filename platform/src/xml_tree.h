@@ -50,9 +50,9 @@ static_assert(sizeof(Attribute) % kUnit == 0 && sizeof(Node) % kUnit == 0);
 
 inline std::uint32_t unitsBetween(const Node* from, const Node* to) noexcept
 {
-    return static_cast<std::uint32_t>(static_cast<std::size_t>(reinterpret_cast<const char*>(to) -
-                                                               reinterpret_cast<const char*>(from)) /
-                                      kUnit);
+    return static_cast<std::uint32_t>(
+        static_cast<std::size_t>(reinterpret_cast<const char*>(to) - reinterpret_cast<const char*>(from)) /
+        kUnit);
 }
 
 struct Document : ZelXMLDocument

@@ -39,8 +39,8 @@ struct ZelXMLLookups
                       unsigned char* value);
     bool (*readUll)(ZelXMLDocument* document, void* node, const char* name, std::size_t length,
                     unsigned long long* value);
-    bool (*readString)(ZelXMLDocument* document, void* node, const char* name, std::size_t length, char* value,
-                       std::size_t limit);
+    bool (*readString)(ZelXMLDocument* document, void* node, const char* name, std::size_t length,
+                       char* value, std::size_t limit);
 };
 
 /** What all handles of one document share. An XML service derives its own document from it. */
@@ -48,7 +48,8 @@ struct ZelXMLDocument
 {
     int references;
 
-    /** True if a quotation mark " follows each equals sign of the text, wherever it stands; false if in doubt. */
+    /** True if a quotation mark " follows each equals sign of the text, wherever it stands; false if in
+     * doubt. */
     bool isQuoted = false;
 
     /** NULL, or faster ways of reading. */
@@ -100,8 +101,8 @@ public:
     const char* GetText(void* node) const noexcept;
 
     /*
-     * The same for a name of known length, through the document's lookups if it has them. Nothing to define: they
-     * fall back on the functions of this header. A value that comes with its size has no terminator.
+     * The same for a name of known length, through the document's lookups if it has them. Nothing to define:
+     * they fall back on the functions of this header. A value that comes with its size has no terminator.
      */
     void* FirstChildElement(void* node, const char* name, std::size_t length) const noexcept;
     void* NextSiblingElement(void* node, const char* name, std::size_t length) const noexcept;
