@@ -244,7 +244,7 @@ inline Signs count(const char* text, std::size_t size) noexcept
     return all;
 }
 
-/* The first of two characters, or a zero byte. */
+/* The first of two characters below 0x80, or a zero byte. */
 [[gnu::always_inline]] inline char* findEither(char* at, char one, char other) noexcept
 {
 #if defined(ZEL_XML_SSE2)

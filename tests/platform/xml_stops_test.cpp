@@ -48,6 +48,8 @@ TEST(XmlStops, EveryByteAtEveryPlaceOfABlock)
                     expected |= static_cast<std::uint64_t>(isStop(block[i])) << i;
                 ASSERT_EQ(expected, stopsOf(block.data())) << c << " at " << at;
 
+                if (c >= 0x80 || around == '\xFF')
+                    continue;
                 const std::string text = padded(block);
                 char* const begin = const_cast<char*>(text.data());
                 const char one = static_cast<char>(c);
