@@ -12,6 +12,7 @@ help:
 	@echo "make test   build everything, run the tests"
 	@echo "make size   size of the shared library"
 	@echo "make bench  how fast the messages are beside code written by hand; also in build/bench.json"
+	@echo "            and, as a picture, in docs/bench.svg"
 	@echo "make costs  what every message costs, into docs/costs.md"
 	@echo "make fuzz   build the fuzzers, run each for FUZZ_SECONDS (60)"
 	@echo "make corpus renew what the fuzzers start from, after a change of the messages"
@@ -34,6 +35,7 @@ bench:
 		-DZEL_BENCH_COSTS=OFF
 	cmake --build build/bench --parallel $(JOBS)
 	build/bench/bench/zel_bench --json=build/bench.json
+	scripts/bench-chart.sh build/bench.json >docs/bench.svg
 
 costs:
 	scripts/install-dependencies.sh costs
