@@ -31,7 +31,7 @@ constexpr Classes makeClasses() noexcept
     return classes;
 }
 
-inline constexpr Classes kClasses = makeClasses();
+[[gnu::visibility("hidden")]] inline constexpr Classes kClasses = makeClasses();
 
 inline bool is(char c, unsigned char what) noexcept
 {
