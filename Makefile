@@ -12,6 +12,7 @@ help:
 	@echo "make test   build everything, run the tests"
 	@echo "make size   size of the shared library"
 	@echo "make bench  how fast the messages are beside code written by hand; also in build/bench.json"
+	@echo "            and, as a picture, in docs/bench.svg"
 	@echo "make costs  what every message costs, into docs/costs.md"
 	@echo "make records what the records hold, into src/catalogue/records.inc, after a change of the headers"
 	@echo "make fuzz   build the fuzzers, run each for FUZZ_SECONDS (60)"
@@ -35,6 +36,7 @@ bench:
 		-DZEL_BENCH_COSTS=OFF
 	cmake --build build/bench --parallel $(JOBS)
 	build/bench/bench/zel_bench --json=build/bench.json
+	scripts/bench-chart.sh build/bench.json >docs/bench.svg
 
 costs:
 	scripts/install-dependencies.sh costs

@@ -17,6 +17,8 @@
 #include "analyse_peers.h"
 #include "compose_peers.h"
 #include "samples.h"
+#include "threads.h"
+#include "variants.h"
 
 namespace bench {
 
@@ -54,15 +56,15 @@ struct Analyser
 
 // The library is the first of each.
 constexpr Composer kComposers[] = {{"library", composeWithLibrary, 0},
-                                   {"snprintf", composeWithSnprintf, 6},
+                                   {"snprintf", composeWithSnprintf, 8},
                                    {"fmt", composeWithFmt, 3},
-                                   {"fmt compiled", composeWithCompiledFmt, 0},
+                                   {"fmt compiled", composeWithCompiledFmt, 2.5},
                                    {"pugixml tree", composeWithPugixml, 0}};
 constexpr Analyser kAnalysers[] = {{"library", analyseWithLibrary, 0},
-                                   {"pugixml", analyseWithPugixml, 1.3},
-                                   {"tinyxml2", analyseWithTinyxml2, 5},
-                                   {"RapidXML", analyseWithRapidxml, 0},
-                                   {"libxml2", analyseWithLibxml2, 10}};
+                                   {"pugixml", analyseWithPugixml, 1.6},
+                                   {"tinyxml2", analyseWithTinyxml2, 8},
+                                   {"RapidXML", analyseWithRapidxml, 1.2},
+                                   {"libxml2", analyseWithLibxml2, 12}};
 
 [[noreturn]] void giveUp(const std::string& message, const char* peer, const char* what)
 {
@@ -145,25 +147,35 @@ void testPeers(const Sample& sample)
 // --- Measuring
 // -------------------------------------------------------------------------------------------------------
 
-void measureCompose(benchmark::State& state, const Sample& sample, const Composer& composer, size_t size)
+// A message once, or with other values in turn.
+using Turns = std::vector<Sample>;
+
+void measureCompose(benchmark::State& state, const Turns& turns, const Composer& composer, size_t size)
 {
     std::vector<char> out(size);
+    size_t turn = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(composer.compose(sample, out.data(), out.size()));
+        benchmark::DoNotOptimize(composer.compose(turns[turn], out.data(), out.size()));
         benchmark::ClobberMemory();
+        turn = turn + 1 < turns.size() ? turn + 1 : 0;
     }
 }
 
-void measureAnalysis(benchmark::State& state, const Sample& sample, const Analyser& analyser)
+void measureAnalysis(benchmark::State& state, const Turns& turns, const Analyser& analyser)
 {
-    std::string payload = payloadOf(sample, kComposers[0]);
+    std::vector<std::string> payloads;
+    for (const Sample& sample : turns)
+        payloads.push_back(payloadOf(sample, kComposers[0]));
+    size_t turn = 0;
     for (auto _ : state) {
+        std::string& payload = payloads[turn];
         ZEL_PROTOCOL_HEADER header;
         ZEL_PROTOCOL_HEADER_init(&header);
         void* result = nullptr;
         benchmark::DoNotOptimize(analyser.analyse(payload.data(), payload.size(), header, &result));
         benchmark::ClobberMemory();
         ZelProtocolMSGAnalysisStop(&result);
+        turn = turn + 1 < payloads.size() ? turn + 1 : 0;
     }
 }
 
@@ -185,9 +197,10 @@ public:
     std::map<std::string, double> all;
 };
 
-std::string keyOf(const char* direction, const std::string& message, const char* side)
+std::string keyOf(const char* direction, const std::string& message, const char* side, size_t texts = 1)
 {
-    return std::string(direction) + ", " + message + ", " + side;
+    const std::string key = std::string(direction) + ", " + message + ", " + side;
+    return texts == 1 ? key : key + ", " + std::to_string(texts) + " in turn";
 }
 
 // One line of the result.
@@ -196,70 +209,75 @@ struct Line
     const char* direction;
     std::string message;
     size_t bytes;                  // of text
+    size_t texts;                  // that take turns
     size_t buffer;                 // size of the output buffer, where that is what varies
     std::vector<std::string> keys; // the library first
 };
 
 template <class Peer, size_t N>
-Line lineOf(const char* direction, const Sample& sample, const Peer (&peers)[N])
+Line lineOf(const char* direction, const Turns& turns, const Peer (&peers)[N])
 {
-    Line line{direction, sample.name, frameOf(sample, kComposers[0]).size() - kHeadSize, 0, {}};
+    size_t bytes = 0;
+    for (const Sample& sample : turns)
+        bytes += frameOf(sample, kComposers[0]).size() - kHeadSize;
+    Line line{direction, turns[0].name, bytes / turns.size(), turns.size(), 0, {}};
     for (const Peer& peer : peers)
-        line.keys.push_back(keyOf(direction, sample.name, peer.name));
+        line.keys.push_back(keyOf(direction, turns[0].name, peer.name, turns.size()));
     return line;
 }
 
-std::vector<Line> registerMessages(const std::vector<Sample>& samples)
+std::vector<Line> registerMessages(const std::vector<Turns>& messages)
 {
     std::vector<Line> lines;
-    for (const Sample& sample : samples) {
-        for (const Composer& composer : kComposers)
-            benchmark::RegisterBenchmark(
-                keyOf("compose", sample.name, composer.name).c_str(),
-                [&](benchmark::State& state) { measureCompose(state, sample, composer, kOutSize); });
-        lines.push_back(lineOf("compose", sample, kComposers));
+    for (const Turns& turns : messages) {
+        lines.push_back(lineOf("compose", turns, kComposers));
+        for (size_t i = 0; i < std::size(kComposers); ++i)
+            benchmark::RegisterBenchmark(lines.back().keys[i].c_str(), [&turns, i](benchmark::State& state) {
+                measureCompose(state, turns, kComposers[i], kOutSize);
+            });
     }
-    for (const Sample& sample : samples) {
-        for (const Analyser& analyser : kAnalysers)
-            benchmark::RegisterBenchmark(
-                keyOf("analyse", sample.name, analyser.name).c_str(),
-                [&](benchmark::State& state) { measureAnalysis(state, sample, analyser); });
-        lines.push_back(lineOf("analyse", sample, kAnalysers));
+    for (const Turns& turns : messages) {
+        lines.push_back(lineOf("analyse", turns, kAnalysers));
+        for (size_t i = 0; i < std::size(kAnalysers); ++i)
+            benchmark::RegisterBenchmark(lines.back().keys[i].c_str(), [&turns, i](benchmark::State& state) {
+                measureAnalysis(state, turns, kAnalysers[i]);
+            });
     }
     return lines;
 }
 
 // The whole list is measured with the messages already.
-std::vector<Line> registerRows(const std::vector<Sample>& growing)
+std::vector<Line> registerRows(const std::vector<Turns>& growing)
 {
     std::vector<Line> lines;
     const Composer(&composer)[1] = {kComposers[0]};
-    for (const Sample& sample : growing) {
-        benchmark::RegisterBenchmark(
-            keyOf("compose", sample.name, "library").c_str(),
-            [&](benchmark::State& state) { measureCompose(state, sample, kComposers[0], kOutSize); });
-        lines.push_back(lineOf("compose", sample, composer));
+    for (const Turns& turns : growing) {
+        lines.push_back(lineOf("compose", turns, composer));
+        benchmark::RegisterBenchmark(lines.back().keys[0].c_str(), [&](benchmark::State& state) {
+            measureCompose(state, turns, kComposers[0], kOutSize);
+        });
     }
     const Analyser(&analyser)[1] = {kAnalysers[0]};
-    for (const Sample& sample : growing) {
-        benchmark::RegisterBenchmark(
-            keyOf("analyse", sample.name, "library").c_str(),
-            [&](benchmark::State& state) { measureAnalysis(state, sample, kAnalysers[0]); });
-        lines.push_back(lineOf("analyse", sample, analyser));
+    for (const Turns& turns : growing) {
+        lines.push_back(lineOf("analyse", turns, analyser));
+        benchmark::RegisterBenchmark(lines.back().keys[0].c_str(), [&](benchmark::State& state) {
+            measureAnalysis(state, turns, kAnalysers[0]);
+        });
     }
     return lines;
 }
 
-std::vector<Line> registerBuffers(const Sample& sample)
+std::vector<Line> registerBuffers(const Turns& turns)
 {
     std::vector<Line> lines;
+    const Sample& sample = turns[0];
     for (const size_t size : {size_t{1} << 10, size_t{1} << 16, size_t{1} << 20, size_t{1} << 24}) {
         const std::string name = sample.name + " into " + std::to_string(size >> 10) + " KiB";
         const std::string key = keyOf("compose", name, "library");
-        benchmark::RegisterBenchmark(key.c_str(), [&sample, size](benchmark::State& state) {
-            measureCompose(state, sample, kComposers[0], size);
+        benchmark::RegisterBenchmark(key.c_str(), [&turns, size](benchmark::State& state) {
+            measureCompose(state, turns, kComposers[0], size);
         });
-        lines.push_back({"compose", name, frameOf(sample, kComposers[0]).size() - kHeadSize, size, {key}});
+        lines.push_back({"compose", name, frameOf(sample, kComposers[0]).size() - kHeadSize, 1, size, {key}});
     }
     return lines;
 }
@@ -271,7 +289,7 @@ template <class Peer, size_t N>
 void printMessages(const char* direction, const std::vector<Line>& lines, const Peer (&peers)[N],
                    Medians& medians)
 {
-    printf("\n%-24s %7s %6s %9s", direction, "bytes", "GB/s", "library");
+    printf("\n%-24s %5s %7s %6s %9s", direction, "texts", "bytes", "GB/s", "library");
     for (size_t i = 1; i < N; ++i)
         printf(" %12s %7s", peers[i].name, "ratio");
     printf("\n");
@@ -279,7 +297,7 @@ void printMessages(const char* direction, const std::vector<Line>& lines, const 
         if (strcmp(line.direction, direction) != 0)
             continue;
         const double own = medians.all[line.keys[0]];
-        printf("%-24s %7zu %6.2f %9.0f", line.message.c_str(), line.bytes,
+        printf("%-24s %5zu %7zu %6.2f %9.0f", line.message.c_str(), line.texts, line.bytes,
                static_cast<double>(line.bytes) / own, own);
         for (size_t i = 1; i < N; ++i) {
             const double ratio = medians.all[line.keys[i]] / own;
@@ -287,7 +305,7 @@ void printMessages(const char* direction, const std::vector<Line>& lines, const 
         }
         printf("\n");
     }
-    printf("%-24s %7s %6s %9s", "  aim", "", "", "");
+    printf("%-24s %5s %7s %6s %9s", "  aim", "", "", "", "");
     for (size_t i = 1; i < N; ++i)
         peers[i].target > 0 ? printf(" %12s %6.1f ", "", peers[i].target) : printf(" %12s %6s ", "", "");
     printf("\n");
@@ -325,8 +343,8 @@ void writeLines(FILE* file, const char* name, const std::vector<Line>& lines, Me
     fprintf(file, "  \"%s\": [", name);
     for (const Line& line : lines) {
         const double own = medians.all[line.keys[0]];
-        fprintf(file, "%s\n    {\"direction\": \"%s\", \"message\": \"%s\", \"bytes\": %zu",
-                &line == &lines[0] ? "" : ",", line.direction, line.message.c_str(), line.bytes);
+        fprintf(file, "%s\n    {\"direction\": \"%s\", \"message\": \"%s\", \"texts\": %zu, \"bytes\": %zu",
+                &line == &lines[0] ? "" : ",", line.direction, line.message.c_str(), line.texts, line.bytes);
         if (line.buffer != 0)
             fprintf(file, ", \"buffer\": %zu", line.buffer);
         fprintf(file, ", \"ns\": %.1f, \"gigabytes_per_second\": %.4f", own,
@@ -343,7 +361,7 @@ void writeLines(FILE* file, const char* name, const std::vector<Line>& lines, Me
 }
 
 bool writeJson(const char* path, const std::vector<Line>& messages, const std::vector<Line>& growth,
-               Medians& medians)
+               const std::vector<Throughput>& throughputs, Medians& medians)
 {
     FILE* file = fopen(path, "w");
     if (!file)
@@ -352,7 +370,13 @@ bool writeJson(const char* path, const std::vector<Line>& messages, const std::v
     writeLines(file, "messages", messages, medians);
     fprintf(file, ",\n");
     writeLines(file, "growth", growth, medians);
-    fprintf(file, "\n}\n");
+    fprintf(file, ",\n  \"threads\": [");
+    for (const Throughput& one : throughputs)
+        fprintf(
+            file,
+            "%s\n    {\"message\": \"%s\", \"threads\": %u, \"messages_per_second\": %.0f, \"of_one\": %.0f}",
+            &one == &throughputs[0] ? "" : ",", one.message.c_str(), one.threads, one.all, one.single);
+    fprintf(file, "\n  ]\n}\n");
     return fclose(file) == 0;
 }
 
@@ -389,20 +413,25 @@ int main(int argc, char** argv)
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data()))
         return 2;
 
-    const std::vector<Sample> samples = allSamples();
-    const std::vector<Sample> growing = {channelsSample(1), channelsSample(4), channelsSample(16)};
-    for (const auto& list : {samples, growing})
-        for (const Sample& sample : list)
-            testPeers(sample);
+    std::vector<Turns> messages;
+    for (const Sample& sample : allSamples()) {
+        messages.push_back({sample});
+        messages.push_back(variantsOf(sample, payloadOf(sample, kComposers[0])));
+    }
+    const std::vector<Turns> growing = {{channelsSample(1)}, {channelsSample(4)}, {channelsSample(16)}};
+    for (const auto& list : {messages, growing})
+        for (const Turns& turns : list)
+            for (const Sample& sample : turns)
+                testPeers(sample);
     printf("All peers agree with the library.\n");
     fflush(stdout);
 
-    const Sample small = loginSample();
-    const std::vector<Line> messages = registerMessages(samples);
+    const Turns small = {loginSample()};
+    const std::vector<Line> lines = registerMessages(messages);
     std::vector<Line> growth = registerRows(growing);
-    for (const Line& line : messages)
-        if (line.message == channelsSample(64).name)
-            growth.push_back({line.direction, line.message, line.bytes, 0, {line.keys[0]}});
+    for (const Line& line : lines)
+        if (line.message == channelsSample(64).name && line.texts == 1)
+            growth.push_back({line.direction, line.message, line.bytes, 1, 0, {line.keys[0]}});
     std::stable_sort(growth.begin(), growth.end(), [](const Line& a, const Line& b) {
         return strcmp(a.direction, b.direction) > 0; // compose first
     });
@@ -415,10 +444,21 @@ int main(int argc, char** argv)
 
     printf("\nMedians, nanoseconds of processor time for one message; ratio: how many times as long as the "
            "library's.\n");
-    printMessages("compose", messages, kComposers, medians);
-    printMessages("analyse", messages, kAnalysers, medians);
+    printMessages("compose", lines, kComposers, medians);
+    printMessages("analyse", lines, kAnalysers, medians);
     printGrowth(growth, medians);
-    if (json && !writeJson(json, messages, growth, medians)) {
+
+    std::vector<Throughput> throughputs;
+    for (const Turns& turns : messages) {
+        if (turns.size() == 1)
+            continue;
+        std::vector<std::string> payloads;
+        for (const Sample& sample : turns)
+            payloads.push_back(payloadOf(sample, kComposers[0]));
+        throughputs.push_back(throughputOf(turns[0].name, payloads, analyseWithLibrary));
+    }
+    printThroughputs(throughputs);
+    if (json && !writeJson(json, lines, growth, throughputs, medians)) {
         fprintf(stderr, "can't write %s\n", json);
         return 1;
     }

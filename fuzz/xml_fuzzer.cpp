@@ -117,6 +117,28 @@ void requireReaders(const ZelXMLParser& parser, void* node, const char* name, co
     });
 }
 
+// The same by the name's length.
+void requireReadersByLength(const ZelXMLParser& parser, void* node, const char* name, const char* text,
+                            int limit)
+{
+    const size_t length = strlen(name);
+    requireNumber<int>(text, [&](int* value) { return parser.ReadInt(node, name, length, value) ? 0 : -1; });
+    requireNumber<unsigned int>(
+        text, [&](unsigned int* value) { return parser.ReadUInt(node, name, length, value) ? 0 : -1; });
+    requireNumber<unsigned char>(
+        text, [&](unsigned char* value) { return parser.ReadUChar(node, name, length, value) ? 0 : -1; });
+    requireNumber<unsigned long long>(
+        text, [&](unsigned long long* value) { return parser.ReadUll(node, name, length, value) ? 0 : -1; });
+    requireString(text, limit, [&](char* value, int room) {
+        const auto size = static_cast<size_t>(std::max(room, 0));
+        return parser.ReadString(node, name, length, value, size) ? 0 : -1;
+    });
+    size_t size = 0;
+    const char* const value = parser.Attribute(node, name, length, &size);
+    require((value == nullptr) == (text == nullptr), "a value is found by its name's length");
+    require(!text || (size == strlen(text) && memcmp(value, text, size) == 0), "a value comes with its size");
+}
+
 // The parser's handle of a node, and the node itself.
 struct Pair
 {
@@ -149,11 +171,14 @@ void requireAttributes(const ZelXMLParser& parser, const Pair& pair, int limit)
     for (size_t i = 0; i < unique.size(); ++i)
         requireValue(unique[i * 7 % unique.size()]);
     for (const pugi::xml_attribute& attribute : unique) {
+        requireReadersByLength(parser, pair.node, attribute.name(), attribute.value(), limit);
         requireValue(attribute);
         requireReaders(parser, pair.node, attribute.name(), attribute.value(), limit);
     }
-    if (seen.count("absent") == 0)
+    if (seen.count("absent") == 0) {
         requireReaders(parser, pair.node, "absent", nullptr, limit);
+        requireReadersByLength(parser, pair.node, "absent", nullptr, limit);
+    }
 }
 
 // The first of an element's texts that isn't white space.
@@ -190,10 +215,15 @@ void pairChildren(const ZelXMLParser& parser, const Pair& pair, std::vector<Pair
         if (child.type() != pugi::node_element || !names.insert(name).second)
             continue;
         void* node = parser.FirstChildElement(pair.node, name);
+        require(node == parser.FirstChildElement(pair.node, name, strlen(name)),
+                "a length finds the same child");
         for (pugi::xml_node same = child; same; same = same.next_sibling(name)) {
             require(node != nullptr, "each child is found by its name");
             pairs.push_back({node, same});
-            node = parser.NextSiblingElement(node, name);
+            void* const next = parser.NextSiblingElement(node, name);
+            require(next == parser.NextSiblingElement(node, name, strlen(name)),
+                    "a length finds the same sibling");
+            node = next;
         }
         require(node == nullptr, "only the children of that name are found");
     }
@@ -325,6 +355,10 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         return 0;
     }
     require(text.find('\0') == std::string::npos, "a text with a NUL is refused");
+    for (size_t at = parser.IsQuoted() ? text.find('=') : std::string::npos; at != std::string::npos;
+         at = text.find('=', at + 1))
+        require(text.compare(at + 1, 1, "\"") == 0,
+                "a text is quoted only if each equals sign is followed by one");
     useNothing(parser);
     // The service takes some texts that no document is; they can't be compared.
     if (!isReferenceGood)

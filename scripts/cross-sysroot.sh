@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Puts the third-party libraries of another machine into build/sysroot/MACHINE: pugixml and libsodium from Debian's
 # packages, GoogleTest built from Debian's source package. The system itself stays as it is: no architecture is
-# added to it and nothing is installed. Does nothing when all is there.
+# added to it and nothing is installed. Does nothing when all is there. For arm64 clang's sanitizer and fuzzer runtime
+# comes too, beside clang's own headers.
 #
 #   cross-sysroot.sh i386|arm64
 set -euo pipefail
@@ -29,6 +30,7 @@ touch "$scratch/status"
 apt=(apt-get -q -o "APT::Architecture=$machine" -o "APT::Architectures::=$machine" -o APT::Sandbox::User=root
     -o "Dir::State::Lists=$scratch/lists" -o "Dir::State::status=$scratch/status" -o "Dir::Cache=$scratch/cache")
 packages=(libpugixml-dev libpugixml1v5 libsodium-dev libsodium23)
+[ "$machine" != arm64 ] || packages+=(libclang-rt-14-dev)
 # A source without this architecture, or in the midst of a change, doesn't matter as long as the others have it all.
 "${apt[@]}" update || echo "$0: not every package list could be read" >&2
 (cd "$scratch/packages" && "${apt[@]}" download "${packages[@]}")
@@ -38,6 +40,12 @@ mkdir -p "$sysroot"
 for package in "$scratch"/packages/*.deb; do
     dpkg-deb -x "$package" "$sysroot"
 done
+
+if [ "$machine" = arm64 ]; then
+    mkdir "$sysroot/clang"
+    mv "$sysroot"/usr/lib/llvm-14/lib/clang/*/lib "$sysroot/clang/lib"
+    ln -s "$(clang++ -print-resource-dir)/include" "$sysroot/clang/include"
+fi
 
 cmake -S /usr/src/googletest -B "$scratch/googletest" -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/cross-$machine.cmake" \
     -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_INSTALL_LIBDIR="lib/$triplet" -DBUILD_GMOCK=OFF

@@ -86,6 +86,7 @@ cross)
     version=$(g++ -dumpversion 2>/dev/null || echo 12)
     need "g++-${version%%.*}-multilib" 'a 32-bit C++ library' has_narrow_library
     need libc6-i386 'a 32-bit C library' test -e /lib/ld-linux.so.2
+    need clang 'clang' has_command clang++
     need g++-aarch64-linux-gnu 'a C++ compiler for 64-bit ARM' has_command aarch64-linux-gnu-g++
     need qemu-user-static "qemu's user emulation" has_command qemu-aarch64-static
     need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt

@@ -125,16 +125,24 @@ int analyseBytes(const Inbound& inbound)
 {
     const std::string_view received(inbound.bytes, inbound.size);
     const size_t tag = find(received, kClosingTag);
-    if (tag == std::string_view::npos || memchr(inbound.bytes, 0, tag))
+    if (tag == std::string_view::npos)
         return ZEL_ERR_NO_ENVELOPE;
     const std::string_view text = received.substr(0, tag + kClosingTag.text.size());
+    Message message(text, inbound.size, inbound.sourceLength);
+    // A text that parses has no NUL, and most have nothing to repair.
+    const bool isGood = parse(message);
+    if (!isGood && memchr(inbound.bytes, 0, tag))
+        return ZEL_ERR_NO_ENVELOPE;
     if (text.size() < inbound.size)
         inbound.bytes[text.size()] = '\0';
     logText(text);
-    const Unquoted channel = findUnquotedChannel(text);
-    if (channel.end != 0)
-        return analyseRepaired(text.size(), channel, inbound);
-    Message message(text, inbound.size, inbound.sourceLength);
+    if (!isGood || !message.parser.IsQuoted()) {
+        const Unquoted channel = findUnquotedChannel(text);
+        if (channel.end != 0) {
+            message.parser = {};
+            return analyseRepaired(text.size(), channel, inbound);
+        }
+    }
     return analyseMessage(message, inbound);
 }
 

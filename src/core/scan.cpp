@@ -30,7 +30,7 @@ bool takeSign(std::string_view& text)
 
 // strtol on 64 bits: stops at its largest value and is then cut to the field's
 // width. Returns where it stopped, or null without a number.
-inline const char* takeNumber(const char* at, const char* end, int32_t& field)
+[[gnu::noinline]] const char* takeAnyNumber(const char* at, const char* end, int32_t& field)
 {
     while (at != end && isSpace(*at))
         ++at;
@@ -54,6 +54,20 @@ inline const char* takeNumber(const char* at, const char* end, int32_t& field)
     }
     field = static_cast<int32_t>(static_cast<uint32_t>(negative ? 0 - magnitude : magnitude));
     return at;
+}
+
+// The same; most are one to three digits alone.
+inline const char* takeNumber(const char* at, const char* end, int32_t& field)
+{
+    const char* const most = end - at > 3 ? at + 3 : end;
+    const char* behind = at;
+    uint32_t number = 0;
+    while (behind != most && isDigit(*behind))
+        number = number * 10 + static_cast<uint32_t>(*behind++ - '0');
+    if (behind == at || (behind != end && isDigit(*behind)))
+        return takeAnyNumber(at, end, field);
+    field = static_cast<int32_t>(number);
+    return behind;
 }
 
 int hexDigit(char c)

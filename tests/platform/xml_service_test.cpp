@@ -8,6 +8,7 @@
 #include <random>
 #include <set>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
@@ -342,6 +343,138 @@ void expectSame(const ZelXMLParser& parser, void* node, const pugi::xml_node& ot
 }
 
 } // namespace
+
+namespace {
+
+/* What the two ways of reading an attribute give must be the same, its absence included. */
+void expectSameByLength(const ZelXMLParser& parser, void* node, const std::string& name)
+{
+    const auto expectSame = [&](auto byName, auto byLength, auto one) {
+        auto other = one;
+        EXPECT_EQ(byName(parser, node, name.c_str(), &one) == 0,
+                  (parser.*byLength)(node, name.c_str(), name.size(), &other))
+            << name;
+        EXPECT_EQ(one, other) << name;
+    };
+    expectSame(getXmlIntTypeParamAttribute, &ZelXMLParser::ReadInt, 7);
+    expectSame(getXmlUIntTypeParamAttribute, &ZelXMLParser::ReadUInt, 7U);
+    expectSame(getXmlUCharTypeParamAttribute, &ZelXMLParser::ReadUChar, static_cast<unsigned char>(7));
+    expectSame(getXmlUllTypeParamAttribute, &ZelXMLParser::ReadUll, 7ULL);
+    for (const int limit : {0, 1, 4, 9, 100}) {
+        char one[100] = "one";
+        char other[100] = "one";
+        EXPECT_EQ(getXmlStringTypeParamAttribute(parser, node, name.c_str(), one, limit) == 0,
+                  parser.ReadString(node, name.c_str(), name.size(), other, static_cast<std::size_t>(limit)));
+        EXPECT_STREQ(one, other);
+    }
+    std::size_t size = 0;
+    const char* const bytes = parser.Attribute(node, name.c_str(), name.size(), &size);
+    const char* const value = parser.Attribute(node, name.c_str());
+    EXPECT_EQ(value, bytes);
+    EXPECT_EQ(value ? std::strlen(value) : 0, size) << name;
+}
+
+} // namespace
+
+TEST(XmlService, ReadingByLengthGivesTheSame)
+{
+    const std::string values[] = {"",
+                                  "0",
+                                  "7",
+                                  "12",
+                                  "255",
+                                  "256",
+                                  "999",
+                                  "1000",
+                                  "9999",
+                                  "12345",
+                                  "4294967296",
+                                  "-1",
+                                  "+5",
+                                  " 12",
+                                  "12 ",
+                                  "1x",
+                                  "0x1",
+                                  "/",
+                                  ":",
+                                  "00012",
+                                  "\xB1\xB2",
+                                  "1&#50;",
+                                  "&#49;&#50;3",
+                                  "a b",
+                                  "a=\"",
+                                  "12345678901234567",
+                                  "1,2,3"};
+    std::string text = "<r";
+    std::vector<std::string> names;
+    for (const std::string& value : values) {
+        names.push_back("n" + std::string(names.size(), 'x'));
+        const bool isDouble = value.find('"') == std::string::npos;
+        text += " " + names.back() + (isDouble ? "=\"" + value + "\"" : " = '" + value + "'");
+    }
+    ZelXMLParser parser;
+    ASSERT_EQ(0, parseExact(parser, text + "/>"));
+    names.insert(names.end(), {"", "n1", "absent", "nxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"});
+    for (const std::string& name : names) {
+        expectSameByLength(parser, parser.RootElement(), name);
+        expectSameByLength(parser, nullptr, name);
+    }
+
+    ASSERT_EQ(
+        0, parseExact(parser, "<r><abcdefgh/><abcdefghi/><abcdefghijklmnopq n='1'/><abcdefghi n='2'/></r>"));
+    void* const root = parser.RootElement();
+    for (const std::string name : {"abcdefgh", "abcdefghi", "abcdefghijklmnopq", "abcdefghijklmnoxq", "a"}) {
+        void* const child = parser.FirstChildElement(root, name.c_str());
+        EXPECT_EQ(child, parser.FirstChildElement(root, name.c_str(), name.size()));
+        EXPECT_EQ(parser.NextSiblingElement(child, "abcdefghi"),
+                  parser.NextSiblingElement(child, "abcdefghi", 9));
+    }
+}
+
+TEST(XmlService, TellsWhetherAllSignsAreQuoted)
+{
+    const auto isQuoted = [](const std::string& text) {
+        ZelXMLParser parser;
+        return parseExact(parser, text) == 0 && parser.IsQuoted();
+    };
+    EXPECT_TRUE(
+        isQuoted("<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<r a=\"1\" b =\"/\"><e c=\"\"/></r>"));
+    /* No false yes: the search for what is to be repaired rests on it. */
+    for (const char* text :
+         {"<r a='1'/>", "<r a= \"1\"/>", "<r a=\"=\"/>", "<r a=\"x=3\" b='1'/>", "<r><!--a=3/--></r>",
+          "<r>a=3/</r>", "<r><![CDATA[a=3]]></r>", "<r><?a b=3?></r>", "<r a=\"1\"/><!-- = -->"})
+        EXPECT_FALSE(isQuoted(text)) << text;
+}
+
+/* Names and values of any length, so that each lies at and across the borders of blocks and of the list. */
+TEST(XmlService, LongNamesAndValues)
+{
+    for (const std::size_t length : {1U, 15U, 16U, 17U, 60U, 64U, 1000U, 1024U, 1100U, 5000U}) {
+        for (const char* piece : {"v", "/", "v ", ",", "&amp;", "'"}) {
+            const std::string name(length, 'n');
+            std::string value;
+            std::string read;
+            while (value.size() < length) {
+                value += piece;
+                read += piece[0];
+                read += std::strcmp(piece, "v ") == 0 ? " " : "";
+            }
+            for (std::size_t shift = 0; shift < 70; shift += length < 100 ? 1 : 23) {
+                ZelXMLParser parser;
+                const std::string element = "<" + name + " a=\"" + value + "\" " + name + "=\"12\" z=\"9\">";
+                ASSERT_EQ(
+                    0, parseExact(parser, "<r>" + std::string(shift, ' ') + element + "</" + name + "></r>"));
+                void* const node = parser.FirstChildElement(parser.RootElement(), name.c_str());
+                ASSERT_NE(nullptr, node);
+                EXPECT_EQ("12", valueOf(parser, node, name.c_str()));
+                EXPECT_EQ("9", valueOf(parser, node, "z"));
+                EXPECT_EQ(read, valueOf(parser, node, "a"));
+                EXPECT_NE(0, parseExact(parser, element + "</" + name + "n>"));
+                EXPECT_NE(0, parseExact(parser, element + "</" + name));
+            }
+        }
+    }
+}
 
 /* A reader of general use is the judge of what is well-formed and what stands in it. */
 TEST(XmlService, ReadsAsAnotherReaderDoes)
