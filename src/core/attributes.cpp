@@ -142,35 +142,35 @@ inline bool readOrSee(Side& side, const FieldSeen& seen, Read read)
     return visitor.see(visitor, seen);
 }
 
-bool readNumber(const ElementReader& in, const char* name, int32_t& field)
+bool readNumber(const ElementReader& in, Name name, int32_t& field)
 {
-    return getXmlIntTypeParamAttribute(*in.parser, in.node, name, &field) == 0;
+    return in.parser->ReadInt(in.node, name.text, name.length, &field);
 }
-bool readNumber(const ElementReader& in, const char* name, uint32_t& field)
+bool readNumber(const ElementReader& in, Name name, uint32_t& field)
 {
-    return getXmlUIntTypeParamAttribute(*in.parser, in.node, name, &field) == 0;
+    return in.parser->ReadUInt(in.node, name.text, name.length, &field);
 }
-bool readNumber(const ElementReader& in, const char* name, uint8_t& field)
+bool readNumber(const ElementReader& in, Name name, uint8_t& field)
 {
-    return getXmlUCharTypeParamAttribute(*in.parser, in.node, name, &field) == 0;
+    return in.parser->ReadUChar(in.node, name.text, name.length, &field);
 }
-bool readNumber(const ElementReader& in, const char* name, uint64_t& field)
+bool readNumber(const ElementReader& in, Name name, uint64_t& field)
 {
     unsigned long long value = field;
-    const bool found = getXmlUllTypeParamAttribute(*in.parser, in.node, name, &value) == 0;
+    const bool found = in.parser->ReadUll(in.node, name.text, name.length, &value);
     field = value;
     return found;
 }
-bool readNumber(const ElementReader& in, const char* name, float& field)
+bool readNumber(const ElementReader& in, Name name, float& field)
 {
-    return getXmlFloatTypeParamAttribute(*in.parser, in.node, name, &field) == 0;
+    return getXmlFloatTypeParamAttribute(*in.parser, in.node, name.text, &field) == 0;
 }
 
 template <class Number>
 [[gnu::noinline]] bool readOrSeeNumber(Side& side, Name name, Number& field, ZEL_FORM form, bool isSkipped)
 {
     return readOrSee(side, {name, form, isSkipped, &field, sizeof field},
-                     [&](const ElementReader& in) { return readNumber(in, name.text, field); });
+                     [&](const ElementReader& in) { return readNumber(in, name, field); });
 }
 
 // Where a number doesn't go out in one step.
@@ -178,7 +178,7 @@ template <class Number>
 [[gnu::noinline]] void numberElsewhere(Side& side, Name name, Number& field, bool isSkipped)
 {
     if (likely(isTree(side)))
-        readNumber(readerOf(side).at, name.text, field);
+        readNumber(readerOf(side).at, name, field);
     else if (!isText(side))
         readOrSeeNumber(side, name, field, ZEL_FORM_NUMBER, isSkipped);
     else if (!isSkipped || isSet(field))
@@ -195,26 +195,26 @@ void longNumberAttribute(Side& side, Name name, Number& field, bool isSkipped)
         writeShort<kLongestNumber>(side, name, [&](char* at) { return printNumber(at, field); });
 }
 
-bool readWhole(const ElementReader& in, const char* name, char* field, size_t size)
+bool readWhole(const ElementReader& in, Name name, char* field, size_t size)
 {
-    const char* const value = in.value(name);
-    if (!value)
+    const std::string_view value = in.value(name);
+    if (!value.data())
         return false;
-    const size_t length = strnlen(value, size);
-    memcpy(field, value, length);
+    const size_t length = value.size() < size ? value.size() : size;
+    memcpy(field, value.data(), length);
     memset(field + length, 0, size - length);
     return true;
 }
 
-bool readText(const ElementReader& in, const char* name, char* field, size_t size)
+bool readText(const ElementReader& in, Name name, char* field, size_t size)
 {
-    return getXmlStringTypeParamAttribute(*in.parser, in.node, name, field, static_cast<int>(size)) == 0;
+    return in.parser->ReadString(in.node, name.text, name.length, field, size);
 }
 
 [[gnu::noinline]] void textElsewhere(Side& side, Name name, char* field, size_t size, bool isSkipped)
 {
     if (likely(isTree(side)))
-        readText(readerOf(side).at, name.text, field, size);
+        readText(readerOf(side).at, name, field, size);
     else if (isText(side))
         appendPieces(writerOf(side), name, field, strnlen(field, size));
     else
@@ -224,7 +224,7 @@ bool readText(const ElementReader& in, const char* name, char* field, size_t siz
 void readWholeText(Side& side, Name name, char* field, size_t size, bool isSkipped)
 {
     readOrSee(side, {name, ZEL_FORM_WHOLE_TEXT, isSkipped, field, size},
-              [&](const ElementReader& in) { return readWhole(in, name.text, field, size); });
+              [&](const ElementReader& in) { return readWhole(in, name, field, size); });
 }
 
 inline void putTextLine(Side& side, Name name, const char* field, size_t size)
@@ -237,8 +237,8 @@ void hexForm(Side& side, Name name, Number& field, bool isSkipped)
 {
     if (!isText(side))
         readOrSee(side, {name, ZEL_FORM_HEX, isSkipped, &field, sizeof field}, [&](const ElementReader& in) {
-            const char* const value = in.value(name.text);
-            return value && scanHex(value, field);
+            const std::string_view value = in.value(name);
+            return value.data() && scanHex(value, field);
         });
     else if (!isSkipped || isSet(field))
         writeShort<kLongestNumber>(side, name, [&](char* at) {
@@ -250,10 +250,10 @@ void atoiForm(Side& side, Name name, int32_t& field, bool isSkipped)
 {
     if (!isText(side))
         readOrSee(side, {name, ZEL_FORM_ATOI, isSkipped, &field, sizeof field}, [&](const ElementReader& in) {
-            const char* const value = in.value(name.text);
-            if (value)
+            const std::string_view value = in.value(name);
+            if (value.data())
                 field = numberOf(value);
-            return value != nullptr;
+            return value.data() != nullptr;
         });
     else if (!isSkipped || isSet(field))
         attribute(side, name, field);
@@ -353,7 +353,7 @@ bool readTextAttribute(Side& side, Name name, char* field, size_t size)
 {
     return !side.writes() &&
            readOrSee(side, {name, ZEL_FORM_TEXT, !kSkipped, field, size},
-                     [&](const ElementReader& in) { return readText(in, name.text, field, size); });
+                     [&](const ElementReader& in) { return readText(in, name, field, size); });
 }
 
 // --- Other forms of one number or text -----------------------------------------------------------
@@ -509,10 +509,10 @@ bool valueAttribute(Side& side, Name name, const ValueForm& form, void* items, s
         return false;
     }
     return readOrSee(side, {name, form.form, !kSkipped, items, size}, [&](const ElementReader& in) {
-        const char* const value = in.value(name.text);
-        if (value)
+        const std::string_view value = in.value(name);
+        if (value.data())
             form.scan(value, items, count);
-        return value != nullptr;
+        return value.data() != nullptr;
     });
 }
 
@@ -520,10 +520,10 @@ bool readValue(Side& side, Name name, ZEL_FORM form, void* field, size_t size, s
 {
     return !side.writes() &&
            readOrSee(side, {name, form, !kSkipped, field, size}, [&](const ElementReader& in) {
-               const char* const text = in.value(name.text);
-               if (text)
+               const std::string_view text = in.value(name);
+               if (text.data())
                    value = text;
-               return text != nullptr;
+               return text.data() != nullptr;
            });
 }
 

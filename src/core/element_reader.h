@@ -2,6 +2,8 @@
 #ifndef ZEL_CORE_ELEMENT_READER_H
 #define ZEL_CORE_ELEMENT_READER_H
 
+#include <string_view>
+
 #include "core/side.h"
 #include "zel_platform/xml.h"
 
@@ -15,19 +17,21 @@ struct ElementReader
         return node != nullptr;
     }
 
-    ElementReader child(const char* name) const
+    ElementReader child(Name name) const
     {
-        return {parser, parser->FirstChildElement(node, name)};
+        return {parser, parser->FirstChildElement(node, name.text, name.length)};
     }
-    ElementReader next(const char* name) const
+    ElementReader next(Name name) const
     {
-        return {parser, parser->NextSiblingElement(node, name)};
+        return {parser, parser->NextSiblingElement(node, name.text, name.length)};
     }
 
-    // The attribute's value, or null.
-    char* value(const char* name) const
+    // The attribute's value, or one without data.
+    std::string_view value(Name name) const
     {
-        return parser->Attribute(node, name);
+        size_t size = 0;
+        const char* const data = parser->Attribute(node, name.text, name.length, &size);
+        return {data, size};
     }
 
     // The element's own text, or null.

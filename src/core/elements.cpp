@@ -63,7 +63,7 @@ void* enterElement(TreeReader& reader, const ElementReader& found)
 [[gnu::noinline]] void* enterElsewhere(Side& side, Name name, Tags tags, size_t index, const Rows* rows)
 {
     if (isTree(side))
-        return enterElement(readerOf(side), readerOf(side).at.child(name.text));
+        return enterElement(readerOf(side), readerOf(side).at.child(name));
     if (isText(side)) {
         openTag(writerOf(side), name, tags);
         return &side;
@@ -168,7 +168,7 @@ bool Siblings::next(Name name, size_t index, const Rows* rows)
 {
     if (isTree(side_) && outer_) {
         TreeReader& reader = readerOf(side_);
-        const ElementReader found = reader.at.next(name.text);
+        const ElementReader found = reader.at.next(name);
         if (found)
             reader.at = found;
         return static_cast<bool>(found);

@@ -48,7 +48,7 @@ ElementReader findPart(const Part& part, const ElementReader& body)
 {
     if (!part.list || !part.isRead)
         return {};
-    return part.elementText ? body.child(part.elementText) : body;
+    return part.elementText ? body.child(part.element()) : body;
 }
 
 int givePart(const MessageRow& row, const Part& part, Message& message, const ElementReader& place,
