@@ -10,7 +10,7 @@ MAKEFLAGS += --no-print-directory
 help:
 	@echo "make demo   build everything, let a camera and a client talk over loopback"
 	@echo "make test   build everything, run the tests"
-	@echo "make size   size of the shared library"
+	@echo "make size   how large the libraries are, and what a program takes of them"
 	@echo "make bench  how fast the messages are beside code written by hand; also in build/bench.json"
 	@echo "            and, as a picture, in docs/bench.svg"
 	@echo "make costs  what every message costs, into docs/costs.md"
@@ -26,9 +26,7 @@ test: release
 	cd $(BUILD) && ctest --output-on-failure
 
 size: dependencies
-	cmake --preset shared -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_EXAMPLES=OFF -B build/size
-	cmake --build build/size --parallel $(JOBS)
-	size build/size/src/libzelprotocol.so build/size/platform/libzelplatform.so
+	scripts/size.sh
 
 bench:
 	scripts/install-dependencies.sh bench

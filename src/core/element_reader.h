@@ -17,22 +17,11 @@ struct ElementReader
         return node != nullptr;
     }
 
-    ElementReader child(Name name) const
-    {
-        return {parser, parser->FirstChildElement(node, name.text, name.length)};
-    }
-    ElementReader next(Name name) const
-    {
-        return {parser, parser->NextSiblingElement(node, name.text, name.length)};
-    }
+    ElementReader child(Name name) const;
+    ElementReader next(Name name) const;
 
     // The attribute's value, or one without data.
-    std::string_view value(Name name) const
-    {
-        size_t size = 0;
-        const char* const data = parser->Attribute(node, name.text, name.length, &size);
-        return {data, size};
-    }
+    std::string_view value(Name name) const;
 
     // The element's own text, or null.
     const char* text() const

@@ -51,7 +51,7 @@ void closeElement(TextWriter& out, Name name, Tags tags)
 }
 
 // Goes to an element that is to be read, and returns where it stands in; null if there is none.
-void* enterElement(TreeReader& reader, const ElementReader& found)
+void* goTo(TreeReader& reader, const ElementReader& found)
 {
     void* const outer = reader.at.node;
     if (!found)
@@ -63,7 +63,7 @@ void* enterElement(TreeReader& reader, const ElementReader& found)
 [[gnu::noinline]] void* enterElsewhere(Side& side, Name name, Tags tags, size_t index, const Rows* rows)
 {
     if (isTree(side))
-        return enterElement(readerOf(side), readerOf(side).at.child(name));
+        return goTo(readerOf(side), readerOf(side).at.child(name));
     if (isText(side)) {
         openTag(writerOf(side), name, tags);
         return &side;
@@ -73,8 +73,20 @@ void* enterElement(TreeReader& reader, const ElementReader& found)
     return visitor.enter(visitor, seen) ? &side : nullptr;
 }
 
+[[gnu::noinline]] void leaveElsewhere(Side& side, Name name, Tags tags, void* outer)
+{
+    if (isTree(side)) {
+        readerOf(side).at.node = outer;
+    } else if (isText(side)) {
+        closeElement(writerOf(side), name, tags);
+    } else {
+        Visitor& visitor = visitorOf(side);
+        visitor.leave(visitor);
+    }
+}
+
 // Opens an element; null if there is none.
-inline void* enter(Side& side, Name name, Tags tags, size_t index = 0, const Rows* rows = nullptr)
+[[gnu::noinline]] void* enter(Side& side, Name name, Tags tags, size_t index = 0, const Rows* rows = nullptr)
 {
     // Mostly its name stands alone, or between brackets.
     if (likely(side.left() >= name.length + 3 && (tags & ~(kElements | kBoth)) == 0)) {
@@ -90,19 +102,7 @@ inline void* enter(Side& side, Name name, Tags tags, size_t index = 0, const Row
     return enterElsewhere(side, name, tags, index, rows);
 }
 
-[[gnu::noinline]] void leaveElsewhere(Side& side, Name name, Tags tags, void* outer)
-{
-    if (isTree(side)) {
-        readerOf(side).at.node = outer;
-    } else if (isText(side)) {
-        closeElement(writerOf(side), name, tags);
-    } else {
-        Visitor& visitor = visitorOf(side);
-        visitor.leave(visitor);
-    }
-}
-
-inline void leave(Side& side, Name name, Tags tags, void* outer)
+[[gnu::noinline]] void leave(Side& side, Name name, Tags tags, void* outer)
 {
     if (tags == kAttributes && likely(side.left() >= 3)) {
         memcpy(side.cursor, "/>\n", 3);
@@ -174,16 +174,16 @@ bool Siblings::next(Name name, size_t index, const Rows* rows)
         return static_cast<bool>(found);
     }
     if (outer_)
-        close();
+        leave(side_, name_, tags_, outer_);
     name_ = name;
     outer_ = enter(side_, name, tags_, index, rows);
     return outer_ != nullptr;
 }
 
-void Siblings::close()
+Siblings::~Siblings()
 {
-    leave(side_, name_, tags_, outer_);
-    outer_ = nullptr;
+    if (outer_)
+        leave(side_, name_, tags_, outer_);
 }
 
 size_t walkRows(Side& side, Name name, const Rows& rows, Tags tags)

@@ -86,11 +86,7 @@ class Siblings
 {
 public:
     explicit Siblings(Side& side, Tags tags = kAttributes) : side_(side), tags_(tags), name_("") {}
-    ~Siblings()
-    {
-        if (outer_)
-            close();
-    }
+    ~Siblings();
     Siblings(const Siblings&) = delete;
     Siblings& operator=(const Siblings&) = delete;
 
@@ -98,8 +94,6 @@ public:
     bool next(Name name, size_t index = 0, const Rows* rows = nullptr);
 
 private:
-    void close();
-
     Side& side_;
     const Tags tags_;
     Name name_;
