@@ -12,14 +12,16 @@
  * It listens on the loopback interface only.
  */
 #include "camera_answers.h"
+#include "camera_connection.h"
 #include "camera_device.h"
 #include "demo_io.h"
 #include "frame_stream.h"
 #include "message_link.h"
+#include "source_limit.h"
 
 #include <poll.h>
 
-#include <array>
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -33,11 +35,28 @@ namespace {
 using demo::Cipher;
 using demo::Clock;
 using demo::Composed;
+using demo::Connection;
 using demo::Received;
 
 constexpr const char* kWho = "camera";
-constexpr std::size_t kMaxConnections = 8;
-constexpr std::chrono::seconds kSilenceLimit{30};
+
+/** What the system keeps for a client that doesn't read, on top of the queue of its connection. */
+constexpr int kSystemBufferBytes = 128 * 1024;
+
+/**
+ * Searches that are read, for each address and for how many addresses in a second.
+ *
+ * An answer is seven times as long as its question, and a datagram's source is whatever its sender wrote
+ * there. So whoever forges it has this camera shoot at somebody else with seven times his own force. A client
+ * searches now and then; with these limits nobody gets more than a few kilobytes in a second from here,
+ * wanted or not, and a flood of questions costs no more than its reception. Nothing is remembered for an
+ * address beyond the second.
+ */
+constexpr int kSearchesForEach = 5;
+constexpr std::size_t kSearchingSources = 32;
+
+/** No search is longer. */
+constexpr std::size_t kMaxSearchBytes = 4 * 1024;
 
 struct Options
 {
@@ -46,22 +65,11 @@ struct Options
     int idleSeconds = 60;
 };
 
-struct Connection
-{
-    demo::Socket socket;
-    demo::FrameReader reader;
-    int reads = 0; /**< that the frame under way has taken so far */
-    bool cipherKnown = false;
-    Cipher cipher;
-    demo::Session session;
-    bool leaving = false;
-    Clock::time_point lastHeard;
-};
-
 struct Camera
 {
     demo::Service service;
     demo::Socket searches;
+    demo::SourceLimit searchLimit{kSearchesForEach, kSearchingSources, {}, {}, 0};
     demo::Socket listener;
     std::vector<Connection> connections;
     Clock::time_point lastBusy;
@@ -75,14 +83,10 @@ bool isReadable(const Received& request)
     return request.result >= 0 || request.result == ZEL_ERR_UNKNOWN_MSG || demo::isHeaderAlone(request);
 }
 
-void sendTo(Camera& camera, Connection& client, const Composed& message)
+void sendComposed(Camera& camera, Connection& client, Composed message)
 {
-    demo::printSent(kWho, message, "");
     camera.failed = camera.failed || message.status != 0;
-    if (message.status != 0 || !demo::sendAll(client.socket, message.bytes.data(), message.bytes.size())) {
-        demo::printNote(kWho, "nothing could be sent: closed");
-        client.leaving = true;
-    }
+    demo::sendTo(client, std::move(message));
 }
 
 /** Alarms go to everybody who is logged in, whoever moved the camera. */
@@ -91,8 +95,16 @@ void sendAlarms(Camera& camera)
     const std::vector<demo::Face> faces = std::exchange(camera.service.device.newFaces, {});
     for (const demo::Face& face : faces)
         for (Connection& client : camera.connections)
-            if (!client.session.id.empty() && !client.leaving)
-                sendTo(camera, client, demo::faceAlarm(face, client.cipher));
+            if (client.isLoggedIn() && client.isOpen())
+                sendComposed(camera, client, demo::faceAlarm(face, client.cipher));
+}
+
+/** How many reads it took to get the message. */
+std::string readsNote(const Connection& client)
+{
+    if (client.reads == 1)
+        return "";
+    return client.reads == 0 ? "joined with the one before" : "in " + std::to_string(client.reads) + " reads";
 }
 
 void handleFrame(Camera& camera, Connection& client, const demo::Frame& frame)
@@ -104,27 +116,40 @@ void handleFrame(Camera& camera, Connection& client, const demo::Frame& frame)
         client.cipherKnown = true;
     }
     if (frame.enciphered != (client.cipher.mode >= 0)) {
-        demo::printNote(kWho, "plain and enciphered frames on one connection: closed");
-        client.leaving = true;
+        client.whyClosed = "plain and enciphered frames on one connection: closed";
         return;
     }
 
     const Received request = demo::analyseFrame(frame, client.cipher);
-    std::string note;
-    if (client.reads != 1)
-        note = client.reads == 0 ? "joined with the one before"
-                                 : "in " + std::to_string(client.reads) + " reads";
-    demo::printReceived(kWho, request, note);
+    demo::printReceived(kWho, request, readsNote(client));
     if (!isReadable(request)) {
-        demo::printNote(kWho, "unreadable message: closed");
-        client.leaving = true;
+        client.whyClosed = "unreadable message: closed";
+        return;
+    }
+    // Its answer would be the bare text of a datagram, in the clear whatever this connection agreed on.
+    if (demo::isBare(request.header)) {
+        client.whyClosed = "a datagram's message in a frame: closed";
         return;
     }
 
     camera.service.connections = camera.connections.size();
-    sendTo(camera, client, demo::answerMessage({camera.service, client.session, request, client.cipher}));
-    client.leaving = client.leaving || client.session.closing;
+    sendComposed(camera, client,
+                 demo::answerMessage({camera.service, client.session, request, client.cipher}));
     sendAlarms(camera);
+}
+
+/** Stops where an answer has to wait, and goes on when it has left. */
+void handleFrames(Camera& camera, Connection& client)
+{
+    demo::Frame frame;
+    bool answered = false;
+    while (demo::nextMessage(client, frame)) {
+        handleFrame(camera, client, frame);
+        client.reads = 0;
+        answered = true;
+    }
+    if (answered && demo::waitingBytes(client.reader) > 0)
+        client.reads = 1;
 }
 
 /** A search is a bare text in a datagram of its own. What isn't one gets no answer. */
@@ -134,7 +159,8 @@ void handleSearch(Camera& camera)
     std::size_t count = 0;
     sockaddr_in from{};
     if (demo::receiveDatagram(camera.searches, datagram.data(), datagram.size(), 0, count, from) !=
-        demo::ReceiveState::Data)
+            demo::ReceiveState::Data ||
+        !demo::takeShare(camera.searchLimit, from.sin_addr.s_addr) || count > kMaxSearchBytes)
         return;
     Cipher plain;
     const Received request = demo::analyseMessage(datagram.data(), static_cast<int>(count), plain);
@@ -148,87 +174,76 @@ void handleSearch(Camera& camera)
     demo::sendDatagram(camera.searches, from, answer.bytes.data(), answer.bytes.size());
 }
 
-/** Called when something is there to read. */
-void readFrom(Camera& camera, Connection& client)
-{
-    std::array<char, 16 * 1024> buffer;
-    std::size_t count = 0;
-    const demo::ReceiveState state = demo::receiveSome(client.socket, buffer.data(), buffer.size(), 0, count);
-    if (state == demo::ReceiveState::Timeout)
-        return;
-    if (state == demo::ReceiveState::Closed) {
-        client.leaving = true;
-        return;
-    }
-    client.lastHeard = Clock::now();
-    ++client.reads;
-    demo::addReceived(client.reader, buffer.data(), count);
-
-    demo::Frame frame;
-    demo::FrameState found = demo::FrameState::NeedMore;
-    bool answered = false;
-    while (!client.leaving && (found = demo::nextFrame(client.reader, frame)) == demo::FrameState::Complete) {
-        handleFrame(camera, client, frame);
-        client.reads = 0;
-        answered = true;
-    }
-    if (found == demo::FrameState::Refused) {
-        demo::printNote(kWho, "no frame, or one of a wrong length: closed");
-        client.leaving = true;
-    } else if (answered && demo::waitingBytes(client.reader) > 0) {
-        client.reads = 1;
-    }
-}
-
 void acceptClient(Camera& camera)
 {
+    Connection* giveWay = nullptr;
+    if (!demo::hasPlace(camera.connections, Clock::now(), giveWay))
+        return;
     Connection client;
-    client.socket = demo::acceptFrom(camera.listener);
-    client.lastHeard = Clock::now();
+    sockaddr_in from{};
+    client.socket = demo::acceptFrom(camera.listener, kSystemBufferBytes, from);
     if (!client.socket.isOpen())
         return;
+    if (giveWay)
+        giveWay->whyClosed = "gives way to another client: closed";
+    client.source = from.sin_addr.s_addr;
+    client.connectedAt = client.lastMessage = Clock::now();
     demo::printNote(kWho, "connected");
     camera.connections.push_back(std::move(client));
 }
 
-void dropLeaving(Camera& camera)
+void dropClosed(Camera& camera)
 {
+    demo::closeOverdue(camera.connections, Clock::now());
     std::vector<Connection> staying;
     for (Connection& client : camera.connections) {
-        if (!client.leaving && Clock::now() - client.lastHeard < kSilenceLimit) {
+        if (client.isOpen()) {
             staying.push_back(std::move(client));
             continue;
         }
-        demo::printNote(kWho, client.session.id.empty() ? "left without a login" : "client left");
-        if (!client.session.id.empty())
+        demo::printNote(kWho, client.whyClosed);
+        if (!demo::isIdle(client.sending))
+            demo::abortStream(client.socket);
+        if (client.isLoggedIn())
             ++camera.clientsServed;
     }
     camera.connections = std::move(staying);
 }
 
-/** One turn: waits a moment for something to read and deals with it. */
+/** One turn: waits a moment until something can be read or sent, and deals with it. Nothing else here waits.
+ */
 void turn(Camera& camera)
 {
     std::vector<pollfd> wanted;
     for (const Connection& client : camera.connections)
-        wanted.push_back({client.socket.fd, POLLIN, 0});
+        wanted.push_back(
+            {client.socket.fd, static_cast<short>(demo::isIdle(client.sending) ? POLLIN : POLLOUT), 0});
     wanted.push_back({camera.searches.fd, POLLIN, 0});
-    if (camera.connections.size() < kMaxConnections)
+    Connection* giveWay = nullptr;
+    if (demo::hasPlace(camera.connections, Clock::now(), giveWay))
         wanted.push_back({camera.listener.fd, POLLIN, 0});
-    if (::poll(wanted.data(), wanted.size(), 200) <= 0) {
-        dropLeaving(camera);
-        return;
+    if (::poll(wanted.data(), wanted.size(), 100) > 0) {
+        const std::size_t served = camera.connections.size();
+        for (std::size_t i = 0; i < served; ++i) {
+            Connection& client = camera.connections[i];
+            if (wanted[i].revents == 0 || !client.isOpen())
+                continue;
+            if (demo::isIdle(client.sending))
+                demo::receiveFrom(client);
+            else
+                demo::continueSending(client);
+        }
+        // All of them: an answer that had to wait may have left with somebody else's alarm.
+        for (Connection& client : camera.connections)
+            handleFrames(camera, client);
+        if (wanted[served].revents != 0)
+            handleSearch(camera);
+        if (wanted.size() > served + 1 && wanted[served + 1].revents != 0)
+            acceptClient(camera);
     }
-
-    const std::size_t served = camera.connections.size();
-    for (std::size_t i = 0; i < served; ++i)
-        if (wanted[i].revents != 0)
-            readFrom(camera, camera.connections[i]);
-    if (wanted[served].revents != 0)
-        handleSearch(camera);
-    if (wanted.size() > served + 1 && wanted[served + 1].revents != 0)
-        acceptClient(camera);
-    dropLeaving(camera);
+    if (const int dropped = demo::renewLimit(camera.searchLimit, Clock::now()))
+        demo::printNote(kWho, "searches beyond the limit: " + std::to_string(dropped));
+    dropClosed(camera);
 }
 
 bool isDone(Camera& camera, const Options& options)

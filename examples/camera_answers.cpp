@@ -204,7 +204,7 @@ Composed answerPlainMessage(const Exchange& exchange)
  * a file's chunk say, is refused.
  *
  * The inner message is never unwrapped once more: one that brings a transparent header of its own would wrap
- * itself without end.
+ * itself without end. Nor is it a search, whose answer no frame holds.
  */
 Composed onTransparent(const Exchange& exchange)
 {
@@ -213,6 +213,8 @@ Composed onTransparent(const Exchange& exchange)
 
     const Received inner = unwrapMessage(outer);
     printReceived(kWho, inner, "inside");
+    if (isBare(inner.header))
+        return refuse(exchange);
     Cipher plain;
     const Exchange innerExchange{exchange.service, exchange.session, inner, plain};
     const Composed innerAnswer = allowed ? answerPlainMessage(innerExchange) : refuse(innerExchange);

@@ -5,6 +5,8 @@
 #ifndef EXAMPLES_CAMERA_DEVICE_H
 #define EXAMPLES_CAMERA_DEVICE_H
 
+#include "demo_io.h"
+
 #include "zel_protocol/zel_protocol.h"
 
 #include <chrono>
@@ -16,7 +18,6 @@
 
 namespace demo {
 
-using Clock = std::chrono::steady_clock;
 using MediaConfig = SYSTEM_CONFIG_GET_500_PARAM;
 
 /** What doesn't change while the camera runs. */

@@ -1,6 +1,7 @@
 #include "client_link.h"
 
 #include <array>
+#include <chrono>
 #include <utility>
 
 namespace demo {
@@ -36,13 +37,15 @@ bool receiveMessage(Link& link, Cipher& cipher, Received& message)
 {
     std::array<char, 16 * 1024> buffer;
     Frame frame;
+    const Clock::time_point deadline = Clock::now() + std::chrono::milliseconds(kAnswerMs);
     for (;;) {
         const FrameState found = nextFrame(link.reader, frame);
         if (found == FrameState::Complete)
             break;
         std::size_t count = 0;
         if (found == FrameState::Refused ||
-            receiveSome(link.socket, buffer.data(), buffer.size(), kAnswerMs, count) != ReceiveState::Data)
+            receiveSome(link.socket, buffer.data(), buffer.size(), millisecondsUntil(deadline), count) !=
+                ReceiveState::Data)
             return false;
         addReceived(link.reader, buffer.data(), count);
     }
@@ -58,6 +61,8 @@ bool receiveAnswer(Client& client, Received& answer)
     while (receiveMessage(client.link, client.cipher, answer)) {
         if (!isAlarm(answer))
             return true;
+        if (client.alarms.size() == kMaxAlarms)
+            return false;
         client.alarms.push_back(std::move(answer));
     }
     return false;

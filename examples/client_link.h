@@ -8,6 +8,7 @@
 #include "frame_stream.h"
 #include "message_link.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -16,7 +17,8 @@
 namespace demo {
 
 constexpr const char* kClientName = "client";
-constexpr int kAnswerMs = 3000;
+constexpr int kAnswerMs = 3000;         /**< for a whole message, however its bytes come */
+constexpr std::size_t kMaxAlarms = 100; /**< that wait while an answer is awaited */
 
 struct Link
 {

@@ -9,11 +9,11 @@
 #include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/time.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -22,6 +22,8 @@
 #include <utility>
 
 namespace demo {
+
+using Clock = std::chrono::steady_clock;
 
 /** Owns a descriptor. */
 struct Socket
@@ -59,11 +61,9 @@ inline sockaddr_in loopbackAddress(std::uint16_t port)
     return address;
 }
 
-/** A peer that doesn't read holds a writer up for this long at most; small writes leave at once. */
+/** Small writes leave at once. */
 inline void prepareStream(const Socket& socket)
 {
-    const timeval limit = {2, 0};
-    ::setsockopt(socket.fd, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
     const int on = 1;
     ::setsockopt(socket.fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
@@ -83,7 +83,7 @@ inline bool bindTo(const Socket& socket, std::uint16_t& port)
 /** Listens on a port as bindTo takes it. The socket is closed after a failure. */
 inline Socket listenOn(std::uint16_t& port)
 {
-    Socket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    Socket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     const int on = 1;
     ::setsockopt(socket.fd, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     if (!bindTo(socket, port) || ::listen(socket.fd, 8) != 0)
@@ -100,13 +100,28 @@ inline Socket datagramsOn(std::uint16_t& port)
     return socket;
 }
 
-/** Closed if nobody waits. */
-inline Socket acceptFrom(const Socket& listener)
+/**
+ * Closed if nobody waits. No call on the socket waits for the peer, and the system keeps no more for it than
+ * `bufferBytes` or so. `from` becomes the peer's address.
+ */
+inline Socket acceptFrom(const Socket& listener, int bufferBytes, sockaddr_in& from)
 {
-    Socket socket(::accept4(listener.fd, nullptr, nullptr, SOCK_CLOEXEC));
-    if (socket.isOpen())
+    socklen_t size = sizeof from;
+    Socket socket(
+        ::accept4(listener.fd, reinterpret_cast<sockaddr*>(&from), &size, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    if (socket.isOpen()) {
         prepareStream(socket);
+        ::setsockopt(socket.fd, SOL_SOCKET, SO_SNDBUF, &bufferBytes, sizeof bufferBytes);
+    }
     return socket;
+}
+
+/** What was sent and not yet received is lost, and the system keeps nothing more for the peer. */
+inline void abortStream(Socket& socket)
+{
+    const linger atOnce = {1, 0};
+    ::setsockopt(socket.fd, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+    socket = Socket();
 }
 
 /** Closed if nobody listens there. */
@@ -121,16 +136,35 @@ inline Socket connectTo(std::uint16_t port)
     return socket;
 }
 
+/** Sends as much as the system takes without waiting: how much, or below zero if the connection is gone. */
+inline ssize_t sendSome(const Socket& socket, const char* data, std::size_t count)
+{
+    const ssize_t sent = ::send(socket.fd, data, count, MSG_NOSIGNAL | MSG_DONTWAIT);
+    if (sent < 0 && (errno == EAGAIN || errno == EINTR))
+        return 0;
+    return sent;
+}
+
+/** Milliseconds until then, rounded up; 0 if it is over. */
+inline int millisecondsUntil(Clock::time_point deadline)
+{
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+    return static_cast<int>(left.count() > 0 ? left.count() : 0);
+}
+
+/** For a program with one peer: waits until all is sent, 2 seconds at most however the peer reads. */
 inline bool sendAll(const Socket& socket, const char* data, std::size_t count)
 {
+    const Clock::time_point deadline = Clock::now() + std::chrono::seconds(2);
     while (count > 0) {
-        const ssize_t sent = ::send(socket.fd, data, count, MSG_NOSIGNAL);
-        if (sent < 0 && errno == EINTR)
-            continue;
-        if (sent <= 0)
+        const ssize_t sent = sendSome(socket, data, count);
+        if (sent < 0)
             return false;
         data += sent;
         count -= static_cast<std::size_t>(sent);
+        pollfd wanted = {socket.fd, POLLOUT, 0};
+        if (count > 0 && ::poll(&wanted, 1, millisecondsUntil(deadline)) == 0)
+            return false;
     }
     return true;
 }
@@ -150,7 +184,9 @@ inline ReceiveState receiveSome(const Socket& socket, char* buffer, std::size_t 
     pollfd wanted = {socket.fd, POLLIN, 0};
     if (::poll(&wanted, 1, timeoutMs) <= 0)
         return ReceiveState::Timeout;
-    const ssize_t count = ::recv(socket.fd, buffer, size, 0);
+    const ssize_t count = ::recv(socket.fd, buffer, size, MSG_DONTWAIT);
+    if (count < 0 && (errno == EAGAIN || errno == EINTR))
+        return ReceiveState::Timeout;
     if (count <= 0)
         return ReceiveState::Closed;
     received = static_cast<std::size_t>(count);
@@ -162,8 +198,8 @@ constexpr std::size_t kDatagramBytes = 65507;
 
 inline bool sendDatagram(const Socket& socket, const sockaddr_in& to, const char* data, std::size_t count)
 {
-    return ::sendto(socket.fd, data, count, MSG_NOSIGNAL, reinterpret_cast<const sockaddr*>(&to),
-                    sizeof to) == static_cast<ssize_t>(count);
+    return ::sendto(socket.fd, data, count, MSG_NOSIGNAL | MSG_DONTWAIT,
+                    reinterpret_cast<const sockaddr*>(&to), sizeof to) == static_cast<ssize_t>(count);
 }
 
 /** Takes one datagram, waiting for it if none is there; `from` is where an answer goes. */
@@ -176,9 +212,9 @@ inline ReceiveState receiveDatagram(const Socket& socket, char* buffer, std::siz
         return ReceiveState::Timeout;
     socklen_t addressSize = sizeof from;
     const ssize_t count =
-        ::recvfrom(socket.fd, buffer, size, 0, reinterpret_cast<sockaddr*>(&from), &addressSize);
+        ::recvfrom(socket.fd, buffer, size, MSG_DONTWAIT, reinterpret_cast<sockaddr*>(&from), &addressSize);
     if (count < 0)
-        return ReceiveState::Closed;
+        return ReceiveState::Timeout;
     received = static_cast<std::size_t>(count);
     return ReceiveState::Data;
 }

@@ -45,6 +45,7 @@ enum class FrameState
 /** One for each connection. Holds less than a frame of the largest size, and what one receive brought. */
 struct FrameReader
 {
+    std::size_t maxPayload = kMaxPayloadBytes;
     std::vector<char> bytes;
     std::size_t taken = 0; /**< bytes at the front that were handed out as frames */
     bool refused = false;
@@ -92,6 +93,14 @@ inline void putFrameHead(char* frameHead, bool enciphered, std::uint32_t length)
     }
 }
 
+/** Whether these bytes are a frame of that kind, whole or not. */
+inline bool isFrame(const std::vector<char>& bytes, bool enciphered)
+{
+    return bytes.size() > kFrameHeadBytes &&
+           startsWithMagic(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(),
+                           enciphered ? kEncipheredMagic : kPlainMagic);
+}
+
 /** Takes the next frame out of the reader. */
 inline FrameState nextFrame(FrameReader& reader, Frame& frame)
 {
@@ -109,7 +118,7 @@ inline FrameState nextFrame(FrameReader& reader, Frame& frame)
         return FrameState::NeedMore;
 
     const std::uint32_t length = announcedBytes(start);
-    if (length == 0 || length > kMaxPayloadBytes) {
+    if (length == 0 || length > reader.maxPayload) {
         reader.refused = true;
         return FrameState::Refused;
     }

@@ -42,11 +42,21 @@ constexpr std::string_view kMediaData = "MEDIA_DATA_MESSAGE";
 constexpr std::string_view kOk = "OK";
 constexpr std::string_view kFail = "FAIL";
 
-/** How one connection enciphers. */
+/** How one connection enciphers. The key doesn't outlive it. */
 struct Cipher
 {
     int mode = -1; /**< below zero: plain */
     ZEL_PLATFORM_KEY key{};
+
+    Cipher() = default;
+    Cipher(const Cipher&) = default;
+    Cipher& operator=(const Cipher&) = default;
+    ~Cipher()
+    {
+        volatile unsigned char* const bytes = key.bytes;
+        for (std::size_t i = 0; i < sizeof key.bytes; ++i)
+            bytes[i] = 0;
+    }
 };
 
 inline void* codecArg(Cipher& cipher)
@@ -238,6 +248,13 @@ template <class Record>
 const Record* recordIn(const Received& message)
 {
     return message.result == 0 ? static_cast<const Record*>(message.record.get()) : nullptr;
+}
+
+/** Messages of these two types are bare text for datagrams: nothing ever frames or enciphers them. */
+inline bool isBare(const ZEL_PROTOCOL_HEADER& header)
+{
+    const std::string_view type = fieldText(header.Msg_type);
+    return type == kSearch || type == "IPC_REPAIR_MESSAGE";
 }
 
 inline bool hasType(const Received& message, std::string_view type)

@@ -1,8 +1,8 @@
 // Any bytes as a payload, plain and enciphered, and as a text for the exported functions.
 #include <cstring>
 
-#include "leaves.h"
 #include "promises.h"
+#include "support/exported.h"
 
 namespace {
 
@@ -66,7 +66,7 @@ void analyseText(uint8_t number, const Supply& supply, const std::string& bytes)
     memcpy(text.get(), bytes.c_str(), bytes.size() + 1);
     const char* const start = text.get();
 
-    const LeafAnalysis leaf = kLeaves[number % kLeafCount];
+    const auto leaf = test::kLeaves[number % test::kLeafCount].analyse;
     requireExported(supply, [&](void** result) { return leaf(start, result); });
 
     ZEL_PROTOCOL_HEADER header;
@@ -115,7 +115,7 @@ void requireArguments(uint8_t number, const std::string& bytes)
     ZEL_PROTOCOL_HEADER_init(&header);
     int slot = 0;
     void* result = &slot;
-    const LeafAnalysis leaf = kLeaves[number % kLeafCount];
+    const auto leaf = test::kLeaves[number % test::kLeafCount].analyse;
     startWatching({});
     const int withoutSlot = ZelProtocolMSGAnalysisStart(payload.data(), size, -1, nullptr, &header, nullptr);
     const int statuses[] = {ZelProtocolMSGAnalysisStart(nullptr, size, -1, nullptr, &header, &result),

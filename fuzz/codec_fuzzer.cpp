@@ -188,6 +188,7 @@ void logMessages(const Pair& pair, const std::string& text, ZEL_PLATFORM_LOG_LEV
     text.copy(header.Msg_flag, sizeof header.Msg_flag);
 
     ZelPlatformSetLogLevel(level);
+    ZelPlatformSetLogLimit(0);
     const std::string log = captured([&] {
         ZelProtocolLogError("%.*s", static_cast<int>(text.size()), text.data());
         ZelProtocolLogInfo("%s\n", text.c_str());

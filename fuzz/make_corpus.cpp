@@ -7,8 +7,8 @@
 #include <fstream>
 #include <set>
 
-#include "leaves.h"
 #include "promises.h"
+#include "support/exported.h"
 
 namespace {
 
@@ -73,9 +73,9 @@ std::string word(size_t number)
 // none.
 char leafFor(const std::string& text, std::set<size_t>& chosen)
 {
-    for (size_t i = 0; i < kLeafCount; ++i) {
+    for (size_t i = 0; i < test::kLeafCount; ++i) {
         void* result = nullptr;
-        const bool isRead = chosen.count(i) == 0 && kLeaves[i](text.c_str(), &result) == 0;
+        const bool isRead = chosen.count(i) == 0 && test::kLeaves[i].analyse(text.c_str(), &result) == 0;
         ZelProtocolMSGAnalysisStop(&result);
         if (isRead) {
             chosen.insert(i);

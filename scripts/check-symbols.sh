@@ -1,15 +1,17 @@
 #!/usr/bin/env bash
-# Checks what the codec library needs and shows, in a shared build:
+# Checks what the libraries need and show, in a shared build. Of the codec library:
 #   - an undefined symbol belongs to the C or C++ runtime (it has one of their versions) or to the services
 #     of platform/include;
 #   - it exports exactly the functions that the public headers declare;
 #   - it holds no writable data, so nothing is kept between calls.
+# Of the platform library: its writable data are its settings and the count of its log, and nothing else.
 #
-#   check-symbols.sh libzelprotocol.so
+#   check-symbols.sh libzelprotocol.so libzelplatform.so
 set -euo pipefail
 export LC_ALL=C
 
-library=${1:?usage: check-symbols.sh libzelprotocol.so}
+library=${1:?usage: check-symbols.sh libzelprotocol.so libzelplatform.so}
+platform=${2:?usage: check-symbols.sh libzelprotocol.so libzelplatform.so}
 root=$(cd "$(dirname "$0")/.." && pwd)
 failed=0
 
@@ -68,8 +70,24 @@ declared=$(cat "$root"/include/zel_protocol/*.h | sed -nE 's/^ZEL_API .*[ *]([A-
 expect_none 'exports what no public header declares:' "$(comm -23 <(echo "$exported") <(echo "$declared"))"
 expect_none 'lacks what a public header declares:' "$(comm -13 <(echo "$exported") <(echo "$declared"))"
 
-# `completed.0` is the start files' own flag.
-expect_none 'keeps writable data:' "$(objdump -t "$library" |
-    awk '/[ \t]\.(data|bss|tdata|tbss)\t/ && $3 != "d" && $(NF - 1) !~ /^0+$/ && $NF !~ /^completed\./ { print $NF }')"
+# `completed.0` and `__dso_handle` are the start files' own, `DW.ref...` is the compiler's for exceptions.
+writable_data() {
+    objdump -t "$1" | awk '/[ \t]\.(data|bss|tdata|tbss)\t/ && $3 != "d" && $(NF - 1) !~ /^0+$/ &&
+        $NF !~ /^(completed\.|DW\.ref\.)/ && $NF != "__dso_handle" { print $NF }' | sort
+}
+
+expect_none 'keeps writable data:' "$(writable_data "$library")"
+
+# The P2p key and the log's two settings, and what the log counts in a second.
+settings='highestLevel
+linesAsked
+mostLines
+p2pKey
+secondOfLines'
+library=$platform
+found=$(writable_data "$platform" | sed -E 's/^_ZN12_GLOBAL__N_1L?[0-9]+(.*)E$/\1/' | sort)
+expect_none 'keeps writable data that is no setting:' "$(comm -23 <(echo "$found") <(echo "$settings"))"
+# Without this a stripped library would pass.
+expect_none 'shows no such data, or is stripped:' "$(comm -13 <(echo "$found") <(echo "$settings"))"
 
 exit $failed

@@ -20,9 +20,16 @@ static_assert(ZEL_PLATFORM_KEY_BYTES == crypto_aead_xchacha20poly1305_ietf_KEYBY
               "a key is a cipher's key");
 static_assert(sizeof(ZEL_PLATFORM_KEY) == ZEL_PLATFORM_KEY_BYTES, "a key has no padding");
 
+struct P2pKey
+{
+    ZEL_PLATFORM_KEY key;
+    bool isThere;
+};
+
 /* Known to everybody, so it protects nothing. It only lets two fresh installations talk to each other. */
-ZEL_PLATFORM_KEY p2pKey = {{'z', 'e', 'l', ' ', 'p', 'l', 'a', 't', 'f', 'o', 'r', 'm', ' ', 'd', 'e', 'f',
-                            'a', 'u', 'l', 't', ' ', 'p', '2', 'p', ' ', 'k', 'e', 'y', ' ', 'v', '0', '1'}};
+P2pKey p2pKey = {{{'z', 'e', 'l', ' ', 'p', 'l', 'a', 't', 'f', 'o', 'r', 'm', ' ', 'd', 'e', 'f',
+                   'a', 'u', 'l', 't', ' ', 'p', '2', 'p', ' ', 'k', 'e', 'y', ' ', 'v', '0', '1'}},
+                 true};
 
 /* Authenticated with each text but not sent: text of one pair or mode never passes for that of another. */
 struct Context
@@ -102,8 +109,15 @@ int ZelPlatformSetP2pKey(const ZEL_PLATFORM_KEY* key)
 {
     if (!key)
         return -1;
-    p2pKey = *key;
+    p2pKey.key = *key;
+    p2pKey.isThere = true;
     return 0;
+}
+
+void ZelPlatformForgetP2pKey()
+{
+    p2pKey.isThere = false;
+    sodium_memzero(&p2pKey.key, sizeof p2pKey.key);
 }
 
 int ZelProtocolEncode(int mode, const char* source, int sourceLength, char* destination, int capacity,
@@ -126,10 +140,14 @@ int ZelProtocolDecode(int mode, const char* source, int sourceLength, char* dest
 
 int P2pProtocolEncode(int /*mode*/, const char* source, int sourceLength, char* destination, int capacity)
 {
-    return encode(p2pKey, p2pContext(), source, sourceLength, destination, capacity);
+    if (!p2pKey.isThere)
+        return -1;
+    return encode(p2pKey.key, p2pContext(), source, sourceLength, destination, capacity);
 }
 
 int P2pProtocolDecode(int /*mode*/, const char* source, int sourceLength, char* destination, int capacity)
 {
-    return decode(p2pKey, p2pContext(), source, sourceLength, destination, capacity);
+    if (!p2pKey.isThere)
+        return -1;
+    return decode(p2pKey.key, p2pContext(), source, sourceLength, destination, capacity);
 }

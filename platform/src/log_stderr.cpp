@@ -1,11 +1,13 @@
 /*
- * Log service on standard error: one line and one write for each call.
+ * Log service on standard error: one line and one write for each call, up to a number of lines in each
+ * second.
  */
 #include "zel_platform/default_layer.h"
 #include "zel_platform/log.h"
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
@@ -19,9 +21,48 @@ constexpr std::size_t kLineBytes = 1024;
 
 std::atomic<int> highestLevel{ZEL_PLATFORM_LOG_ERRORS};
 
+/* Peers cause lines as fast as they send: without a limit they fill a disk. 0: none. */
+std::atomic<unsigned> mostLines{100};
+
+/* What is counted, and in which second of the steady clock. */
+std::atomic<unsigned> linesAsked{0};
+std::atomic<unsigned> secondOfLines{0};
+
 bool isPrinted(ZEL_PLATFORM_LOG_LEVEL level) noexcept
 {
     return level <= highestLevel.load(std::memory_order_relaxed);
+}
+
+unsigned currentSecond() noexcept
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<unsigned>(std::chrono::duration_cast<std::chrono::seconds>(now).count());
+}
+
+/*
+ * Counts a line. Exact without a lock: the one thread that begins a second takes the count of the last one
+ * with it, so each line is counted once, in whichever second.
+ */
+bool isWithinLimit(unsigned& leftOut) noexcept
+{
+    leftOut = 0;
+    const unsigned most = mostLines.load(std::memory_order_relaxed);
+    if (most == 0)
+        return true;
+    const unsigned now = currentSecond();
+    unsigned last = secondOfLines.load(std::memory_order_relaxed);
+    if (static_cast<int>(now - last) > 0 && secondOfLines.compare_exchange_strong(last, now)) {
+        const unsigned asked = linesAsked.exchange(0);
+        leftOut = asked > most ? asked - most : 0;
+    }
+    return linesAsked.fetch_add(1) < most;
+}
+
+void writeLine(char* line, std::size_t length) noexcept
+{
+    line[length++] = '\n';
+    const ssize_t written = write(STDERR_FILENO, line, length);
+    static_cast<void>(written);
 }
 
 #if defined(__GNUC__)
@@ -31,6 +72,15 @@ void printLine(const char* prefix, const char* format, va_list arguments) noexce
 {
     const int callersErrno = errno;
     char line[kLineBytes];
+    unsigned leftOut = 0;
+    const bool isWithin = isWithinLimit(leftOut);
+    if (leftOut != 0)
+        writeLine(line, static_cast<std::size_t>(
+                            std::snprintf(line, sizeof line, "zel error: %u lines left out", leftOut)));
+    if (!isWithin) {
+        errno = callersErrno;
+        return;
+    }
     const std::size_t start = std::strlen(prefix);
     std::memcpy(line, prefix, start);
     const std::size_t room = sizeof line - start;
@@ -56,9 +106,7 @@ void printLine(const char* prefix, const char* format, va_list arguments) noexce
         if (c < 0x20 || c >= 0x7F)
             line[i] = '?';
     }
-    line[length++] = '\n';
-    const ssize_t written = write(STDERR_FILENO, line, length);
-    static_cast<void>(written);
+    writeLine(line, length);
     errno = callersErrno;
 }
 
@@ -67,6 +115,12 @@ void printLine(const char* prefix, const char* format, va_list arguments) noexce
 void ZelPlatformSetLogLevel(ZEL_PLATFORM_LOG_LEVEL level)
 {
     highestLevel.store(level, std::memory_order_relaxed);
+}
+
+void ZelPlatformSetLogLimit(int linesInASecond)
+{
+    mostLines.store(linesInASecond > 0 ? static_cast<unsigned>(linesInASecond) : 0,
+                    std::memory_order_relaxed);
 }
 
 void ZelProtocolLogDebug(const char* format, ...)

@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <cstring>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -108,6 +109,40 @@ TEST(Codec, KeepsItsFormat)
     out.assign(3, '#');
     EXPECT_EQ(2, decode(Pair::kP2p, 0, p2p, out, nullptr));
     EXPECT_STREQ("hi", out.data());
+}
+
+/* Of 256 texts under one key no two have a nonce in common, and each byte of it takes many values. */
+TEST(Codec, NoncesAreRandomInEveryByte)
+{
+    constexpr std::size_t kTexts = 256;
+    for (const Pair pair : {Pair::kShared, Pair::kP2p}) {
+        std::set<std::string> nonces;
+        std::set<char> values[24];
+        for (std::size_t i = 0; i < kTexts; ++i) {
+            const std::vector<char> coded = encoded(pair, 1, keyOf(1));
+            nonces.emplace(coded.data(), 24);
+            for (std::size_t at = 0; at < 24; ++at)
+                values[at].insert(coded[at]);
+        }
+        EXPECT_EQ(kTexts, nonces.size());
+        /* 162 are expected; fewer than 100 don't happen. */
+        for (std::size_t at = 0; at < 24; ++at)
+            EXPECT_GT(values[at].size(), 100U) << at;
+    }
+}
+
+TEST(Codec, AForgottenP2pKeyIsNoKey)
+{
+    const std::vector<char> coded = encoded(Pair::kP2p, 0, keyOf(1));
+    ZelPlatformForgetP2pKey();
+    std::vector<char> out(256);
+    EXPECT_LT(encode(Pair::kP2p, 0, kText, out, nullptr), 0);
+    expectRefused(Pair::kP2p, 0, coded, keyOf(1));
+
+    ZEL_PLATFORM_KEY usual;
+    std::memcpy(usual.bytes, "zel platform default p2p key v01", sizeof usual.bytes);
+    ZelPlatformSetP2pKey(&usual);
+    EXPECT_EQ(static_cast<int>(kText.size()), decode(Pair::kP2p, 0, coded, out, nullptr));
 }
 
 TEST(Codec, TextIsHiddenAndNeverTheSameTwice)

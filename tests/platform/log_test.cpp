@@ -2,7 +2,11 @@
 #include "zel_platform/log.h"
 
 #include <cerrno>
+#include <chrono>
+#include <sstream>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -71,6 +75,59 @@ TEST(Log, LongTextsAreCutAndLinesCannotBeForged)
     EXPECT_EQ("zel error: a??31m\n", printedError("a\xC2\x9B"
                                                   "31m\n"));
     EXPECT_EQ("zel error: \n", printedError(""));
+}
+
+// Whatever the threads and the clock do, each line is printed or counted as left out.
+TEST(Log, EachSecondHasItsLimitAndNoLineGetsLost)
+{
+    constexpr int kThreads = 8;
+    constexpr int kLines = 500;
+    constexpr int kLimit = 40;
+    // The lines of other tests are in another second.
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    ZelPlatformSetLogLimit(kLimit);
+    testing::internal::CaptureStderr();
+    ZelProtocolLogError("begin");
+    const auto begin = std::chrono::steady_clock::now();
+    std::vector<std::thread> threads;
+    for (int t = 0; t < kThreads; ++t)
+        threads.emplace_back([] {
+            for (int i = 0; i < kLines; ++i)
+                ZelProtocolLogError("line %d", i);
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    const auto seconds =
+        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - begin).count();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    ZelProtocolLogError("end");
+    std::istringstream printed(testing::internal::GetCapturedStderr());
+    ZelPlatformSetLogLimit(100);
+
+    int lines = 0;
+    int leftOut = 0;
+    std::string last;
+    for (std::string line; std::getline(printed, line); last = line) {
+        int count = 0;
+        lines += line.find("zel error: line ") == 0;
+        if (sscanf(line.c_str(), "zel error: %d lines left out", &count) == 1)
+            leftOut += count;
+    }
+    EXPECT_EQ(lines + leftOut, kThreads * kLines);
+    EXPECT_GT(lines, 0);
+    EXPECT_LE(lines, kLimit * (seconds + 2));
+    EXPECT_EQ(last, "zel error: end");
+}
+
+TEST(Log, ALimitOfNoneLetsEverythingThrough)
+{
+    ZelPlatformSetLogLimit(0);
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 1000; ++i)
+        ZelProtocolLogError("x");
+    const std::string printed = testing::internal::GetCapturedStderr();
+    ZelPlatformSetLogLimit(100);
+    EXPECT_EQ(printed.size(), 1000 * std::string("zel error: x\n").size());
 }
 
 TEST(Log, LeavesErrnoAloneWhenNobodyListens)

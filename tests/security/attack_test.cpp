@@ -2,14 +2,12 @@
 // the length, and what the analysis says.
 #include <gtest/gtest.h>
 
-#include <pthread.h>
-
 #include <algorithm>
-#include <cstdlib>
 #include <set>
 
 #include "examples/frame_stream.h"
 #include "security/cost.h"
+#include "security/painted_stack.h"
 #include "support/catalogue.h"
 #include "support/wire.h"
 #include "zel_platform/codec.h"
@@ -482,55 +480,70 @@ TEST_F(Attack, TransparentForEver)
 
 // --- Stack ---------------------------------------------------------------------------------------
 
-constexpr size_t kThreadStack = 1 << 20;
-constexpr char kPaint = '\x5C';
-
-// Bytes of stack that `work` reached on a thread of its own.
-template <class Work>
-size_t stackOf(Work work)
-{
-    const std::unique_ptr<void, decltype(&free)> stack(aligned_alloc(4096, kThreadStack), free);
-    memset(stack.get(), kPaint, kThreadStack);
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    pthread_attr_setstack(&attributes, stack.get(), kThreadStack);
-    pthread_t thread;
-    const auto run = [](void* argument) -> void* {
-        (*static_cast<Work*>(argument))();
-        return nullptr;
-    };
-    EXPECT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
-    const char* const bytes = static_cast<const char*>(stack.get());
-    const char* const lowest =
-        std::find_if(bytes, bytes + kThreadStack, [](char byte) { return byte != kPaint; });
-    return kThreadStack - static_cast<size_t>(lowest - bytes);
-}
-
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(NDEBUG)
 constexpr size_t kMostStack = 256 * 1024;
 #else
 constexpr size_t kMostStack = 24 * 1024;
 #endif
 
+// Bytes of stack that `work` reached on a thread of its own.
+template <class Work>
+size_t stackOf(Work work)
+{
+    return PaintedStack(work).used();
+}
+
+std::string enciphered(int mode, const std::string& text, ZEL_PLATFORM_KEY& key)
+{
+    std::string hidden(text.size() + 64, '\0');
+    const int source = static_cast<int>(text.size());
+    const int capacity = static_cast<int>(hidden.size());
+    const int length = mode == 0
+                           ? P2pProtocolEncode(0, text.data(), source, hidden.data(), capacity)
+                           : ZelProtocolEncode(mode, text.data(), source, hidden.data(), capacity, &key);
+    hidden.resize(static_cast<size_t>(std::max(length, 0)));
+    return hidden;
+}
+
+// Its channel lacks the quotes; the repaired text has that size.
+std::string unquotedChannel(size_t size)
+{
+    const auto withBlanks = [](size_t blanks) {
+        return envelope("SYSTEM_CONFIG_GET_MESSAGE", "3803",
+                        "<!--501-->" + std::string(blanks, ' ') + "<ChannelInfo ChannelId=3/>");
+    };
+    return withBlanks(size - 2 - withBlanks(0).size());
+}
+
 TEST_F(Attack, StackOfAnyCall)
 {
-    const auto analyseOnly = [](std::string& payload) {
-        ZEL_PROTOCOL_HEADER header;
-        ZEL_PROTOCOL_HEADER_init(&header);
-        void* record = nullptr;
-        ZelProtocolMSGAnalysisStart(payload.data(), static_cast<int>(payload.size()), -1, nullptr, &header,
-                                    &record);
-        ZelProtocolMSGAnalysisStop(&record);
-    };
+    ZEL_PLATFORM_KEY key;
+    memset(key.bytes, 0x5A, sizeof key.bytes);
     // The log takes its part of the stack too.
     ZelPlatformSetLogLevel(ZEL_PLATFORM_LOG_DEBUG);
+    ZelPlatformSetLogLimit(0);
     testing::internal::CaptureStderr();
     const size_t nothing = stackOf([] {});
-    for (std::string payload : {login(repeated("<a>", 200000)), login(repeated("<a>x</a>", 100000)),
-                                login(repeated("[<!a", 1000)), channelRows(1000)})
-        EXPECT_LE(stackOf([&] { analyseOnly(payload); }) - nothing, kMostStack);
+    const auto expectLittle = [&](const std::string& text, const std::string& what) {
+        for (const int mode : {-1, 0, 1}) {
+            std::string payload = mode < 0 ? text : enciphered(mode, text, key);
+            const size_t used = stackOf([&] {
+                ZEL_PROTOCOL_HEADER header;
+                ZEL_PROTOCOL_HEADER_init(&header);
+                void* record = nullptr;
+                ZelProtocolMSGAnalysisStart(payload.data(), static_cast<int>(payload.size()), mode, &key,
+                                            &header, &record);
+                ZelProtocolMSGAnalysisStop(&record);
+            });
+            EXPECT_LE(used - nothing, kMostStack) << what << mode;
+        }
+    };
+    for (const std::string& text : {login(repeated("<a>", 200000)), login(repeated("<a>x</a>", 100000)),
+                                    login(repeated("[<!a", 1000)), channelRows(1000)})
+        expectLittle(text, "long");
+    // Deciphering and the repair each have work memory on the stack, up to a size.
+    for (const size_t size : {500U, 3000U, 4000U, 5000U, 8192U})
+        expectLittle(unquotedChannel(size), std::to_string(size));
 
     std::vector<char> buffer(1 << 18);
     for (const CatalogueEntry& entry : catalogue()) {
@@ -547,11 +560,62 @@ TEST_F(Attack, StackOfAnyCall)
         EXPECT_LE(composeAt(-1, 1 << 18) - nothing, kMostStack) << entry.name();
         ASSERT_GT(length, 8) << entry.name();
         const int head = entry.isBare() ? 0 : 8;
-        std::string payload(buffer.data() + head, static_cast<size_t>(length - head));
-        EXPECT_LE(stackOf([&] { analyseOnly(payload); }) - nothing, kMostStack) << entry.name();
+        expectLittle(std::string(buffer.data() + head, static_cast<size_t>(length - head)), entry.name());
     }
+    ZelPlatformSetLogLimit(100);
     ZelPlatformSetLogLevel(ZEL_PLATFORM_LOG_NONE);
     EXPECT_FALSE(testing::internal::GetCapturedStderr().empty());
+}
+
+// Everything at once: long enough that the fixed part doesn't matter, deciphered, repaired and dense.
+TEST_F(Attack, MemoryAtItsMost)
+{
+    ZEL_PLATFORM_KEY key;
+    memset(key.bytes, 0x5A, sizeof key.bytes);
+    const auto unquotedBefore = [](const std::string& body) {
+        return envelope("SYSTEM_CONFIG_GET_MESSAGE", "3803", "<!--501--><ChannelInfo ChannelId=3/>" + body);
+    };
+    std::vector<std::string> bodies = {"<a " + repeated("a='' ", kMegabyte) + "/>"};
+    for (const char* piece : {"<a/>", "<a>", "<a a=\"\"/>", "<a>x</a>"})
+        bodies.push_back(repeated(piece, 4 * kMegabyte / strlen(piece)));
+    for (const std::string& body : bodies) {
+        const std::string payload = enciphered(1, unquotedBefore(body), key);
+        const Cost cost = costOf(payload, 1, &key, 1);
+        EXPECT_LE(cost.bytes, 16 * payload.size()) << body.substr(0, 20);
+    }
+}
+
+// Work memory is on the stack up to 8192 bytes, and no further.
+TEST_F(Attack, WorkMemoryOnTheStackHasItsSize)
+{
+    ZEL_PLATFORM_KEY key;
+    memset(key.bytes, 0x5A, sizeof key.bytes);
+    const auto blocksOf = [&](const std::string& payload, int mode) {
+        memory() = {};
+        EXPECT_EQ(analyse(payload, mode, &key).result, 0);
+        return memory().blocks - 1; // the record's
+    };
+    EXPECT_EQ(blocksOf(unquotedChannel(8192), -1), 0);
+    EXPECT_EQ(blocksOf(unquotedChannel(8193), -1), 1);
+    // Twice what was received is taken for the deciphered text.
+    for (const size_t size : {4096U, 4097U}) {
+        const std::string text = login(std::string(size - 40 - login("").size(), ' '));
+        for (const int mode : {0, 1})
+            EXPECT_EQ(blocksOf(enciphered(mode, text, key), mode), size == 4096 ? 0 : 1);
+    }
+
+    // Twice the buffer is taken to encipher into it.
+    USER_AUTH_CMD_USER_AUTH_PARAM record;
+    USER_AUTH_CMD_USER_AUTH_PARAM_init(&record);
+    for (const int outLen : {4096, 4097, 1 << 20})
+        for (const int mode : {0, 1}) {
+            memory() = {};
+            EXPECT_GT(test::compose(headerOf("USER_AUTH_MESSAGE", ""), &record, 0, outLen, mode,
+                                    mode > 0 ? &key : nullptr)
+                          .result,
+                      0);
+            EXPECT_EQ(memory().bytes, outLen == 4096 ? 0U : 2U * static_cast<size_t>(outLen));
+        }
 }
 
 // --- Frames --------------------------------------------------------------------------------------

@@ -95,6 +95,25 @@ void compareCosts(const Cost& small, const Cost& large, size_t smallLength, size
     EXPECT_EQ(small.result, large.result);
 }
 
+namespace {
+
+void* takeBlock(size_t size)
+{
+    Memory& taken = memory();
+    void* const block = malloc(size);
+    taken.inUse += malloc_usable_size(block);
+    taken.bytes = std::max(taken.bytes, taken.inUse);
+    return block;
+}
+
+void giveBack(void* block)
+{
+    memory().inUse -= malloc_usable_size(block);
+    free(block);
+}
+
+} // namespace
+
 } // namespace test
 
 void* ZelProtocolMalloc(size_t size)
@@ -103,13 +122,16 @@ void* ZelProtocolMalloc(size_t size)
     if (!test::taken(memory.libraryBlocks))
         return nullptr;
     ++memory.blocks;
-    memory.bytes += size;
-    return malloc(size);
+    return test::takeBlock(size);
 }
 
 void ZelProtocolFree(void* block)
 {
-    free(block);
+    test::Memory& memory = test::memory();
+    if (block && memory.secret &&
+        memmem(block, malloc_usable_size(block), memory.secret, strlen(memory.secret)))
+        ++memory.revealed;
+    test::giveBack(block);
 }
 
 void* ZelXMLMalloc(size_t size)
@@ -117,11 +139,10 @@ void* ZelXMLMalloc(size_t size)
     test::Memory& memory = test::memory();
     if (!test::taken(memory.readerBlocks))
         return nullptr;
-    memory.bytes += size;
-    return malloc(size);
+    return test::takeBlock(size);
 }
 
 void ZelXMLFree(void* block)
 {
-    free(block);
+    test::giveBack(block);
 }

@@ -10,10 +10,14 @@ namespace test {
 // The services of this test program count what they hand out, and may fail.
 struct Memory
 {
-    size_t bytes = 0;       // since the last reset, whether given back or not
+    size_t bytes = 0;       // in use at once, at most, since the last reset
+    size_t inUse = 0;
     int blocks = 0;         // of the library
     int libraryBlocks = -1; // that still succeed; below zero: all
     int readerBlocks = -1;  // of the XML reader, likewise
+
+    const char* secret = nullptr; // to look for in what the library gives back
+    int revealed = 0;             // blocks that had it
 };
 
 // Of this thread.
@@ -25,7 +29,7 @@ void keepMemory();
 struct Cost
 {
     double seconds; // the least of several analyses
-    size_t bytes;   // taken by one analysis
+    size_t bytes;   // in use at once during one analysis, at most
     int result;
 };
 

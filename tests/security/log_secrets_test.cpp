@@ -26,9 +26,11 @@ template <class Calls>
 std::string printedAt(ZEL_PLATFORM_LOG_LEVEL level, Calls calls)
 {
     ZelPlatformSetLogLevel(level);
+    ZelPlatformSetLogLimit(0);
     testing::internal::CaptureStderr();
     calls();
     const std::string printed = testing::internal::GetCapturedStderr();
+    ZelPlatformSetLogLimit(100);
     ZelPlatformSetLogLevel(ZEL_PLATFORM_LOG_ERRORS);
     return printed;
 }

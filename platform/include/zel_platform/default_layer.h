@@ -39,8 +39,21 @@ typedef enum ZEL_PLATFORM_LOG_LEVEL
  */
 int ZelPlatformSetP2pKey(const ZEL_PLATFORM_KEY* key);
 
+/**
+ * Wipes the key of the P2p pair. From then on the pair fails, until a key is set again. Call it when no other
+ * thread enciphers any more, before the program ends say.
+ */
+void ZelPlatformForgetP2pKey(void);
+
 /** Sets what the default log prints. May be called at any time. Whole messages are never printed. */
 void ZelPlatformSetLogLevel(ZEL_PLATFORM_LOG_LEVEL level);
+
+/**
+ * Sets how many lines the default log prints in a second, for all threads together: 100 at the start, any
+ * number for 0 or less. The first line of a later second is preceded by one that says how many were left out.
+ * May be called at any time.
+ */
+void ZelPlatformSetLogLimit(int linesInASecond);
 
 #ifdef __cplusplus
 }

@@ -1,0 +1,22 @@
+# zel_use_exported(target): gives it support/exported.h, the tables of exported functions, made from the headers.
+set(ZEL_LEAVES "")
+set(ZEL_INITS "")
+file(GLOB ZEL_PUBLIC_HEADERS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/zel_protocol/*.h)
+foreach(header IN LISTS ZEL_PUBLIC_HEADERS)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${header})
+    file(STRINGS ${header} declarations REGEX "^ZEL_API int ")
+    foreach(declaration IN LISTS declarations)
+        if(declaration MATCHES "^ZEL_API int ([A-Za-z0-9_]+)\\(const char\\* text, void\\*\\* result\\)")
+            string(APPEND ZEL_LEAVES "    {\"${CMAKE_MATCH_1}\", ${CMAKE_MATCH_1}},\n")
+        elseif(declaration MATCHES "^ZEL_API int ([A-Za-z0-9_]+)_init\\(([A-Za-z0-9_]+)\\* [a-z]+\\)")
+            string(APPEND ZEL_INITS "    {\"${CMAKE_MATCH_1}\", sizeof(${CMAKE_MATCH_2}),\n"
+                "     initExported<${CMAKE_MATCH_2}, ${CMAKE_MATCH_1}_init>},\n")
+        endif()
+    endforeach()
+endforeach()
+set(ZEL_GENERATED_DIR ${PROJECT_BINARY_DIR}/generated)
+configure_file(${PROJECT_SOURCE_DIR}/tests/support/exported.h.in ${ZEL_GENERATED_DIR}/support/exported.h @ONLY)
+
+function(zel_use_exported target)
+    target_include_directories(${target} PRIVATE ${ZEL_GENERATED_DIR})
+endfunction()
