@@ -229,7 +229,7 @@ Composed onTransparent(const Exchange& exchange)
     setField(record.Trans_Result, fieldText(innerAnswer.header.Msg_flag));
     if (!wrapMessage(record, innerAnswer))
         return refuse(exchange);
-    return composeMessage(makeHeader(kTransparent, ""), &record, kResponse, exchange.cipher);
+    return composeMessage(makeHeader(kTransparent, ""), &record, ZEL_KIND_RESPONSE, exchange.cipher);
 }
 
 } // namespace
@@ -247,12 +247,12 @@ ZEL_PROTOCOL_HEADER answerHeader(const Received& request, std::string_view flag)
 
 Composed answer(const Exchange& exchange, const void* record)
 {
-    return composeMessage(answerHeader(exchange.request, kOk), record, kResponse, exchange.cipher);
+    return composeMessage(answerHeader(exchange.request, kOk), record, ZEL_KIND_RESPONSE, exchange.cipher);
 }
 
 Composed refuse(const Exchange& exchange)
 {
-    return composeMessage(answerHeader(exchange.request, kFail), nullptr, kResponse, exchange.cipher);
+    return composeMessage(answerHeader(exchange.request, kFail), nullptr, ZEL_KIND_RESPONSE, exchange.cipher);
 }
 
 Composed answerMessage(const Exchange& exchange)
@@ -294,7 +294,7 @@ Composed answerSearch(const Service& service, const Received& request)
     ZEL_PROTOCOL_HEADER header = answerHeader(request, kOk);
     setField(header.Msg_code, "3");
     Cipher plain;
-    return composeMessage(header, &record, kResponse, plain);
+    return composeMessage(header, &record, ZEL_KIND_RESPONSE, plain);
 }
 
 } // namespace demo

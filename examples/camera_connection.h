@@ -33,7 +33,7 @@ constexpr std::chrono::milliseconds kStrangersGrace{500};
 constexpr std::chrono::seconds kSilenceLimit{30};
 
 /** No message before the login is longer; afterwards kMaxPayloadBytes holds. */
-constexpr std::size_t kMaxPayloadOfStranger = 4 * 1024;
+constexpr int kMaxPayloadOfStranger = 4 * 1024;
 
 struct Connection
 {

@@ -135,7 +135,7 @@ bool takeText(char (&kept)[N], const char (&wanted)[N])
     const std::string_view text = fieldText(wanted);
     if (!text.empty())
         setField(kept, text);
-    return isWritable(text);
+    return ZelProtocolTextIsWritable(wanted, static_cast<int>(N)) != 0;
 }
 
 template <std::size_t N>

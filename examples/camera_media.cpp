@@ -156,12 +156,13 @@ Composed onDownload(const Exchange& exchange)
         echoField(record.RemoteFileName, wanted->RemoteFileName);
         echoField(record.LocalFileName, wanted->LocalFileName);
         record.ErrorCode = kNoSuchFile;
-        return composeMessage(answerHeader(exchange.request, kFail), &record, kResponse, exchange.cipher);
+        return composeMessage(answerHeader(exchange.request, kFail), &record, ZEL_KIND_RESPONSE,
+                              exchange.cipher);
     }
     const auto start = static_cast<std::size_t>(wanted->StartPos);
     const std::size_t count = std::min(kChunkBytes, size - start);
     record.DataLen = static_cast<std::int32_t>(count);
-    return composeWithData(answerHeader(exchange.request, kOk), &record, kRequest,
+    return composeWithData(answerHeader(exchange.request, kOk), &record, ZEL_KIND_REQUEST,
                            recording->file.data() + start, count, exchange.cipher);
 }
 
@@ -195,8 +196,8 @@ Composed faceAlarm(const Face& face, Cipher& cipher)
     setField(record.Alarm_data,
              "pan " + std::to_string(face.seenAt.pan) + " tilt " + std::to_string(face.seenAt.tilt));
     record.pExData = &info;
-    return composeWithData(makeHeader(kAlarm, "CMD_REPORT_ALARM"), &record, kRequest, face.features.data(),
-                           face.features.size(), cipher);
+    return composeWithData(makeHeader(kAlarm, "CMD_REPORT_ALARM"), &record, ZEL_KIND_REQUEST,
+                           face.features.data(), face.features.size(), cipher);
 }
 
 } // namespace demo

@@ -1,10 +1,11 @@
 /**
  * A client, a recorder say, that finds the camera, visits it and checks every answer.
  *
- *   client SEARCH_PORT [--cipher]
+ *   client SEARCH_PORT [--cipher] [--record FILE]
  *
  * The camera is searched at that port of the loopback interface. With --cipher every message of the
- * connection is enciphered. The exit status is 0 only if every exchange went as expected.
+ * connection is enciphered. With --record all that the first connection receives goes into FILE. The exit
+ * status is 0 only if every exchange went as expected.
  */
 #include "client_steps.h"
 
@@ -58,19 +59,31 @@ int main(int argc, char** argv)
 {
     Client client;
     int port = 0;
-    const bool enciphered = argc == 3 && std::string_view(argv[2]) == "--cipher";
-    if ((argc != 2 && !enciphered) || !demo::readNumber(argv[1], 65535, port) || port == 0) {
-        std::fprintf(stderr, "usage: client SEARCH_PORT [--cipher]\n");
+    bool understood = argc >= 2 && demo::readNumber(argv[1], 65535, port) && port != 0;
+    for (int i = 2; i < argc && understood; ++i) {
+        const std::string_view option = argv[i];
+        if (option == "--cipher") {
+            client.cipher = demo::exampleCipher();
+        } else if (option == "--record" && i + 1 < argc && !client.link.recording) {
+            client.link.recording = std::fopen(argv[++i], "wb");
+            understood = client.link.recording != nullptr;
+        } else {
+            understood = false;
+        }
+    }
+    if (!understood) {
+        std::fprintf(stderr, "usage: client SEARCH_PORT [--cipher] [--record FILE]\n");
         return 2;
     }
     // The transcript has the status of every message; the log would call each answer without parameters an
     // error.
     ZelPlatformSetLogLevel(ZEL_PLATFORM_LOG_NONE);
     client.searchPort = static_cast<std::uint16_t>(port);
-    if (enciphered)
-        client.cipher = demo::exampleCipher();
 
-    demo::printNote(demo::kClientName,
-                    enciphered ? "every message enciphered but the search" : "every message plain");
-    return runSteps(client) ? 0 : 1;
+    demo::printNote(demo::kClientName, client.cipher.mode >= 0 ? "every message enciphered but the search"
+                                                               : "every message plain");
+    bool good = runSteps(client);
+    if (client.link.recording)
+        good = std::fclose(client.link.recording) == 0 && good;
+    return good ? 0 : 1;
 }

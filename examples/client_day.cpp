@@ -41,8 +41,8 @@ bool isSame(const MediaConfig& one, const MediaConfig& other)
 {
     Cipher plain;
     const ZEL_PROTOCOL_HEADER header = makeHeader(kConfigGet, "500");
-    const Composed first = composeMessage(header, &one, kResponse, plain);
-    const Composed second = composeMessage(header, &other, kResponse, plain);
+    const Composed first = composeMessage(header, &one, ZEL_KIND_RESPONSE, plain);
+    const Composed second = composeMessage(header, &other, ZEL_KIND_RESPONSE, plain);
     return first.status == 0 && first.bytes == second.bytes;
 }
 
@@ -227,7 +227,7 @@ bool askForChunk(Client& client, const std::string& name, std::size_t position, 
     wanted.StartPos = static_cast<std::int32_t>(position);
     wanted.ErrorCode = 0;
     const ZEL_PROTOCOL_HEADER header = requestHeader(client, kMediaData, "2");
-    return exchange(client, composeMessage(header, &wanted, kResponse, client.cipher), answer) &&
+    return exchange(client, composeMessage(header, &wanted, ZEL_KIND_RESPONSE, client.cipher), answer) &&
            recordIn<MEDIA_DATA_2_PARAM>(answer);
 }
 

@@ -24,7 +24,7 @@ ZEL_PROTOCOL_HEADER requestHeader(Client& client, std::string_view type, std::st
 
 Composed composeRequest(Client& client, std::string_view type, std::string_view code, const void* record)
 {
-    return composeMessage(requestHeader(client, type, code), record, kRequest, client.cipher);
+    return composeMessage(requestHeader(client, type, code), record, ZEL_KIND_REQUEST, client.cipher);
 }
 
 bool sendMessage(const Link& link, const Composed& message)
@@ -48,6 +48,8 @@ bool receiveMessage(Link& link, Cipher& cipher, Received& message)
                 ReceiveState::Data)
             return false;
         addReceived(link.reader, buffer.data(), count);
+        if (link.recording && std::fwrite(buffer.data(), 1, count, link.recording) != count)
+            return false;
     }
     if (frame.enciphered != (cipher.mode >= 0))
         return false;
@@ -111,7 +113,8 @@ Composed composeHeartbeat(Client& client, Cipher& cipher)
     ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM heartbeat;
     ZEL_HEARTBEAT_CMD_HEARTBEAT_PARAM_init(&heartbeat);
     setField(heartbeat.streamstat, "idle");
-    return composeMessage(requestHeader(client, kHeartbeat, "CMD_HEARTBEAT"), &heartbeat, kRequest, cipher);
+    return composeMessage(requestHeader(client, kHeartbeat, "CMD_HEARTBEAT"), &heartbeat, ZEL_KIND_REQUEST,
+                          cipher);
 }
 
 bool isHeartbeatAnswer(const Received& answer, const Composed& request)

@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,7 @@ struct Link
 {
     Socket socket;
     FrameReader reader;
+    std::FILE* recording = nullptr; /**< gets all that is received */
 };
 
 /** What a search found. */

@@ -30,7 +30,8 @@ bool exchangeTransparent(Client& client, const Composed& inner, TRANSPARENT_HEAD
     if (inner.status != 0 || !wrapMessage(outer, inner))
         return false;
     printSent(kClientName, inner, "inside");
-    const Composed request = composeMessage(makeHeader(kTransparent, ""), &outer, kRequest, client.cipher);
+    const Composed request =
+        composeMessage(makeHeader(kTransparent, ""), &outer, ZEL_KIND_REQUEST, client.cipher);
     Received answer;
     if (!sendMessage(client.link, request) || !receiveMessage(client.link, client.cipher, answer) ||
         answer.result <= 0 || !hasType(answer, kTransparent))
@@ -79,7 +80,8 @@ bool search(Client& client, const Socket& socket, std::string_view vendor, int t
     SYSTEM_SEARCHIPC_1_PARAM_init(&record);
     setField(record.VendorId, vendor);
     Cipher plain;
-    const Composed request = composeMessage(requestHeader(client, kSearch, "1"), &record, kRequest, plain);
+    const Composed request =
+        composeMessage(requestHeader(client, kSearch, "1"), &record, ZEL_KIND_REQUEST, plain);
     printSent(kClientName, request, "datagram");
     std::vector<char> datagram(kDatagramBytes);
     std::size_t count = 0;
@@ -218,12 +220,12 @@ bool garbageIsRefused(Client& client)
 
 bool wrongLengthsAreRefused(Client& client)
 {
-    const bool enciphered = client.cipher.mode >= 0;
-    std::vector<char> head(kFrameHeadBytes);
-    putFrameHead(head.data(), enciphered, 0);
+    const int type = client.cipher.mode >= 0 ? ZEL_FRAME_ENCIPHERED : ZEL_FRAME_PLAIN;
+    std::vector<char> head(ZEL_FRAME_HEAD_SIZE);
+    ZelProtocolFrameHeadWrite(head.data(), type, 0);
     if (!isRefused(client, head, "a frame of no length"))
         return false;
-    putFrameHead(head.data(), enciphered, 0xffffffff);
+    ZelProtocolFrameHeadWrite(head.data(), type, 0xffffffff);
     return isRefused(client, head, "a frame of 4 gigabytes");
 }
 

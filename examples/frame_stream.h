@@ -9,23 +9,21 @@
  * Anything else than a magic where a frame should start is refused at once: after a wrong byte nobody knows
  * where the next frame starts, so the connection has to be closed.
  *
- * This file needs nothing but the standard library.
+ * This file needs frame.h of the library and nothing else of it.
  */
 #ifndef EXAMPLES_FRAME_STREAM_H
 #define EXAMPLES_FRAME_STREAM_H
 
+#include "zel_protocol/frame.h"
+
 #include <algorithm>
-#include <array>
+#include <climits>
 #include <cstddef>
-#include <cstdint>
 #include <vector>
 
 namespace demo {
 
-constexpr std::size_t kFrameHeadBytes = 8;
-constexpr std::size_t kMaxPayloadBytes = 1024 * 1024;
-constexpr std::array<unsigned char, 4> kPlainMagic = {0x58, 0x91, 0x58, 0x51};
-constexpr std::array<unsigned char, 4> kEncipheredMagic = {0x57, 0x81, 0x59, 0x52};
+constexpr int kMaxPayloadBytes = 1024 * 1024;
 
 /** One frame inside the reader's bytes. */
 struct Frame
@@ -45,7 +43,7 @@ enum class FrameState
 /** One for each connection. Holds less than a frame of the largest size, and what one receive brought. */
 struct FrameReader
 {
-    std::size_t maxPayload = kMaxPayloadBytes;
+    int maxPayload = kMaxPayloadBytes;
     std::vector<char> bytes;
     std::size_t taken = 0; /**< bytes at the front that were handed out as frames */
     bool refused = false;
@@ -66,39 +64,13 @@ inline std::size_t waitingBytes(const FrameReader& reader)
     return reader.bytes.size() - reader.taken;
 }
 
-/** Tests as much of the magic as is there. */
-inline bool startsWithMagic(const unsigned char* head, std::size_t count,
-                            const std::array<unsigned char, 4>& magic)
-{
-    return std::equal(head, head + std::min(count, magic.size()), magic.begin());
-}
-
-/** Bytes behind the head that a frame's head announces. */
-inline std::uint32_t announcedBytes(const char* frameHead)
-{
-    const auto* head = reinterpret_cast<const unsigned char*>(frameHead);
-    std::uint32_t length = 0;
-    for (int i = 7; i >= 4; --i)
-        length = length << 8 | head[i];
-    return length;
-}
-
-/** Writes a head of kFrameHeadBytes. */
-inline void putFrameHead(char* frameHead, bool enciphered, std::uint32_t length)
-{
-    const std::array<unsigned char, 4>& magic = enciphered ? kEncipheredMagic : kPlainMagic;
-    for (std::size_t i = 0; i < magic.size(); ++i) {
-        frameHead[i] = static_cast<char>(magic[i]);
-        frameHead[4 + i] = static_cast<char>(length >> (8 * i) & 0xff);
-    }
-}
-
 /** Whether these bytes are a frame of that kind, whole or not. */
 inline bool isFrame(const std::vector<char>& bytes, bool enciphered)
 {
-    return bytes.size() > kFrameHeadBytes &&
-           startsWithMagic(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(),
-                           enciphered ? kEncipheredMagic : kPlainMagic);
+    ZEL_FRAME_HEAD head;
+    return bytes.size() > ZEL_FRAME_HEAD_SIZE &&
+           ZelProtocolFrameHeadRead(bytes.data(), ZEL_FRAME_HEAD_SIZE, INT_MAX, &head) > 0 &&
+           head.iType == (enciphered ? ZEL_FRAME_ENCIPHERED : ZEL_FRAME_PLAIN);
 }
 
 /** Takes the next frame out of the reader. */
@@ -106,29 +78,24 @@ inline FrameState nextFrame(FrameReader& reader, Frame& frame)
 {
     const std::size_t count = waitingBytes(reader);
     char* start = reader.bytes.data() + reader.taken;
-    const auto* head = reinterpret_cast<const unsigned char*>(start);
+    if (count == 0 && !reader.refused)
+        return FrameState::NeedMore;
 
-    const bool plain = startsWithMagic(head, count, kPlainMagic);
-    const bool enciphered = startsWithMagic(head, count, kEncipheredMagic);
-    if (reader.refused || (!plain && !enciphered)) {
+    ZEL_FRAME_HEAD head;
+    const int judged = static_cast<int>(std::min<std::size_t>(count, ZEL_FRAME_HEAD_SIZE));
+    const int found = ZelProtocolFrameHeadRead(start, judged, reader.maxPayload, &head);
+    if (found < 0 || reader.refused) {
         reader.refused = true;
         return FrameState::Refused;
     }
-    if (count < kFrameHeadBytes)
+    const auto length = static_cast<std::size_t>(std::max(head.iLength, 0));
+    if (found == 0 || count - ZEL_FRAME_HEAD_SIZE < length)
         return FrameState::NeedMore;
 
-    const std::uint32_t length = announcedBytes(start);
-    if (length == 0 || length > reader.maxPayload) {
-        reader.refused = true;
-        return FrameState::Refused;
-    }
-    if (count - kFrameHeadBytes < length)
-        return FrameState::NeedMore;
-
-    frame.enciphered = enciphered;
-    frame.payload = start + kFrameHeadBytes;
-    frame.payloadBytes = static_cast<int>(length);
-    reader.taken += kFrameHeadBytes + length;
+    frame.enciphered = head.iType == ZEL_FRAME_ENCIPHERED;
+    frame.payload = start + ZEL_FRAME_HEAD_SIZE;
+    frame.payloadBytes = head.iLength;
+    reader.taken += ZEL_FRAME_HEAD_SIZE + length;
     return FrameState::Complete;
 }
 

@@ -13,10 +13,12 @@ int main()
     NVR_REPLAY_3010_PARAM_init(&jump);
     jump.ChannelId = 2;
     strcpy(jump.Time, "2024-05-06 07:08:09");
-    char frame[1024]; // kind 0 is a request, codec mode -1 a plain frame
-    const int size = ZelProtocolXMLCompose(&header, &jump, 0, -1, nullptr, frame, sizeof frame);
-    void* record = nullptr; // the analysis takes what follows the frame's head of 8 bytes
-    const int status = ZelProtocolMSGAnalysisStart(frame + 8, size - 8, -1, nullptr, &header, &record);
+    char frame[1024];
+    const int size = ZelProtocolXMLCompose(&header, &jump, ZEL_KIND_REQUEST, ZEL_CODEC_PLAIN, nullptr, frame,
+                                           sizeof frame);
+    void* record = nullptr; // the analysis takes what follows the frame's head
+    const int status = ZelProtocolMSGAnalysisStart(frame + ZEL_FRAME_HEAD_SIZE, size - ZEL_FRAME_HEAD_SIZE,
+                                                   ZEL_CODEC_PLAIN, nullptr, &header, &record);
     if (status == 0)
         printf("jump to %s\n", static_cast<NVR_REPLAY_3010_PARAM*>(record)->Time);
     ZelProtocolMSGAnalysisStop(&record);

@@ -12,6 +12,7 @@
 #include "zel_protocol/zel_protocol.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -21,9 +22,6 @@
 #include <vector>
 
 namespace demo {
-
-constexpr int kRequest = 0;
-constexpr int kResponse = 1;
 
 constexpr std::string_view kUserAuth = "USER_AUTH_MESSAGE";
 constexpr std::string_view kHeartbeat = "ZEL_HEARTBEAT_MESSAGE";
@@ -45,7 +43,7 @@ constexpr std::string_view kFail = "FAIL";
 /** How one connection enciphers. The key doesn't outlive it. */
 struct Cipher
 {
-    int mode = -1; /**< below zero: plain */
+    int mode = ZEL_CODEC_PLAIN;
     ZEL_PLATFORM_KEY key{};
 
     Cipher() = default;
@@ -93,18 +91,12 @@ void setField(char (&field)[N], std::string_view text)
     std::fill(std::copy_n(text.begin(), count, field), field + N, '\0');
 }
 
-/** Values are written without escaping: these three would spoil the document. */
-inline bool isWritable(std::string_view text)
-{
-    return text.find_first_of("\"&<") == std::string_view::npos;
-}
-
 /** Sends back what a peer sent, but for what would spoil the document. */
 template <std::size_t N, std::size_t M>
 void echoField(char (&field)[N], const char (&received)[M])
 {
-    const std::string_view text = fieldText(received);
-    setField(field, isWritable(text) ? text : std::string_view());
+    const bool writable = ZelProtocolTextIsWritable(received, static_cast<int>(M)) != 0;
+    setField(field, writable ? fieldText(received) : std::string_view());
 }
 
 inline ZEL_PROTOCOL_HEADER makeHeader(std::string_view type, std::string_view code)
@@ -127,18 +119,12 @@ struct Composed
 inline Composed composeMessage(const ZEL_PROTOCOL_HEADER& header, const void* record, int kind,
                                Cipher& cipher)
 {
-    constexpr std::size_t kFirstTry = 8 * 1024;
-    constexpr std::size_t kLastTry = 256 * 1024;
-
     Composed message{header, 0, {}};
-    int result = ZEL_ERR_BUFFER_SMALL;
-    for (std::size_t size = kFirstTry; size <= kLastTry && result == ZEL_ERR_BUFFER_SMALL; size *= 2) {
-        message.bytes.resize(size);
+    int result = ZelProtocolXMLComposeSize(&header, record, kind, cipher.mode);
+    if (result > 0) {
+        message.bytes.resize(static_cast<std::size_t>(result));
         result = ZelProtocolXMLCompose(&header, record, kind, cipher.mode, codecArg(cipher),
-                                       message.bytes.data(), static_cast<int>(size));
-        // A bare text that was cut gives its whole length.
-        if (result > static_cast<int>(size))
-            result = ZEL_ERR_BUFFER_SMALL;
+                                       message.bytes.data(), result);
     }
     message.status = std::min(result, 0);
     message.bytes.resize(static_cast<std::size_t>(std::max(result, 0)));
@@ -148,15 +134,15 @@ inline Composed composeMessage(const ZEL_PROTOCOL_HEADER& header, const void* re
 /** Enciphers the payload of a plain frame as one. */
 inline void encipherFrame(Composed& message, Cipher& cipher)
 {
-    const std::size_t count = message.bytes.size() - kFrameHeadBytes;
-    std::vector<char> frame(kFrameHeadBytes + 2 * count);
+    const std::size_t count = message.bytes.size() - ZEL_FRAME_HEAD_SIZE;
+    std::vector<char> frame(ZEL_FRAME_HEAD_SIZE + 2 * count);
     const int written =
-        ZelProtocolEncode(cipher.mode, message.bytes.data() + kFrameHeadBytes, static_cast<int>(count),
-                          frame.data() + kFrameHeadBytes, static_cast<int>(2 * count), codecArg(cipher));
+        ZelProtocolEncode(cipher.mode, message.bytes.data() + ZEL_FRAME_HEAD_SIZE, static_cast<int>(count),
+                          frame.data() + ZEL_FRAME_HEAD_SIZE, static_cast<int>(2 * count), codecArg(cipher));
     message.status = written < 0 ? ZEL_ERR_CODEC : 0;
-    frame.resize(written < 0 ? 0 : kFrameHeadBytes + static_cast<std::size_t>(written));
+    frame.resize(written < 0 ? 0 : ZEL_FRAME_HEAD_SIZE + static_cast<std::size_t>(written));
     if (written >= 0)
-        putFrameHead(frame.data(), true, static_cast<std::uint32_t>(written));
+        ZelProtocolFrameHeadWrite(frame.data(), ZEL_FRAME_ENCIPHERED, static_cast<std::uint32_t>(written));
     message.bytes = std::move(frame);
 }
 
@@ -174,15 +160,15 @@ inline void encipherFrame(Composed& message, Cipher& cipher)
 inline Composed composeWithData(const ZEL_PROTOCOL_HEADER& header, const void* record, int kind,
                                 const char* data, std::size_t count, Cipher& cipher)
 {
-    constexpr std::size_t kEndCodeBytes = 4;
-
     Cipher plain;
     Composed message = composeMessage(header, record, kind, plain);
     if (message.status != 0)
         return message;
-    message.bytes.insert(message.bytes.end(), kEndCodeBytes, '\0');
+    message.bytes.insert(message.bytes.end(), ZEL_FRAME_END_CODE_SIZE, '\0');
     message.bytes.insert(message.bytes.end(), data, data + count);
-    if (announcedBytes(message.bytes.data()) != message.bytes.size() - kFrameHeadBytes) {
+    ZEL_FRAME_HEAD head;
+    ZelProtocolFrameHeadRead(message.bytes.data(), ZEL_FRAME_HEAD_SIZE, INT_MAX, &head);
+    if (static_cast<std::size_t>(head.iLength) != message.bytes.size() - ZEL_FRAME_HEAD_SIZE) {
         message.status = ZEL_ERR_BAD_CONTENT;
         message.bytes.clear();
     } else if (cipher.mode >= 0) {
@@ -223,7 +209,7 @@ inline Received analyseMessage(char* payload, int count, Cipher& cipher)
 inline Received analyseFrame(const Frame& frame, Cipher& cipher)
 {
     Received message = analyseMessage(frame.payload, frame.payloadBytes, cipher);
-    message.bytes += kFrameHeadBytes;
+    message.bytes += ZEL_FRAME_HEAD_SIZE;
     return message;
 }
 

@@ -18,10 +18,6 @@ std::atomic<int> blocksGivenBack{0};
 std::atomic<int> progressLines{0};
 std::atomic<int> errorLines{0};
 
-constexpr int kHeadBytes = 8;
-constexpr int kRequest = 0;
-constexpr int kPlain = -1;
-
 } // namespace
 
 /* Results go back to the system with `free`, so every block must come from its allocator. */
@@ -69,9 +65,9 @@ int main()
     login.Version = 2;
 
     char frame[1024];
-    const int frameBytes =
-        ZelProtocolXMLCompose(&header, &login, kRequest, kPlain, nullptr, frame, sizeof frame);
-    if (frameBytes <= kHeadBytes) {
+    const int frameBytes = ZelProtocolXMLCompose(&header, &login, ZEL_KIND_REQUEST, ZEL_CODEC_PLAIN, nullptr,
+                                                 frame, sizeof frame);
+    if (frameBytes <= ZEL_FRAME_HEAD_SIZE) {
         std::fprintf(stderr, "compose failed: %d\n", frameBytes);
         return 1;
     }
@@ -79,8 +75,9 @@ int main()
     ZEL_PROTOCOL_HEADER received;
     ZEL_PROTOCOL_HEADER_init(&received);
     void* result = nullptr;
-    const int status = ZelProtocolMSGAnalysisStart(frame + kHeadBytes, frameBytes - kHeadBytes, kPlain,
-                                                   nullptr, &received, &result);
+    const int status =
+        ZelProtocolMSGAnalysisStart(frame + ZEL_FRAME_HEAD_SIZE, frameBytes - ZEL_FRAME_HEAD_SIZE,
+                                    ZEL_CODEC_PLAIN, nullptr, &received, &result);
     if (status != 0 || !result) {
         std::fprintf(stderr, "analysis failed: %d\n", status);
         return 1;
@@ -94,8 +91,8 @@ int main()
 
     /* No family has this name: the library says so to the log. */
     std::strcpy(header.Msg_type, "NO_SUCH_MESSAGE");
-    const int unknown =
-        ZelProtocolXMLCompose(&header, &login, kRequest, kPlain, nullptr, frame, sizeof frame);
+    const int unknown = ZelProtocolXMLCompose(&header, &login, ZEL_KIND_REQUEST, ZEL_CODEC_PLAIN, nullptr,
+                                              frame, sizeof frame);
 
     std::printf("blocks taken: %d, given back by the library: %d, progress lines: %d, error lines: %d\n",
                 blocksTaken.load(), blocksGivenBack.load(), progressLines.load(), errorLines.load());

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Runs the example camera and lets the example client visit it twice, plain and enciphered. The client gets the port
-# for searches alone and finds the rest. In each visit two users log in. Both transcripts go to standard output. Exit status 0 only if the camera and both visits ended with 0; ends within 20 seconds.
+# for searches alone and finds the rest. In each visit two users log in. Both transcripts go to standard output, and
+# behind them the frames that the plain visit received. Exit status 0 only if the camera, both visits and the splitting
+# into frames ended with 0; ends within 20 seconds.
 #
 # usage: demo.sh BUILD_DIR
 set -u
@@ -12,13 +14,13 @@ fi
 
 programs=
 for folder in "$1/examples" "$1/bin" "$1"; do
-    if [ -x "$folder/camera" ] && [ -x "$folder/client" ]; then
+    if [ -x "$folder/camera" ] && [ -x "$folder/client" ] && [ -x "$folder/frames" ]; then
         programs=$folder
         break
     fi
 done
 if [ -z "$programs" ]; then
-    echo "demo: no camera and client in $1; build them first" >&2
+    echo "demo: no camera, client and frames in $1; build them first" >&2
     exit 1
 fi
 
@@ -46,11 +48,12 @@ cat <&3 &
 relay=$!
 
 status=0
-timeout 7 "$programs/client" "$port" || status=1
+timeout 7 "$programs/client" "$port" --record "$scratch/received" || status=1
 timeout 7 "$programs/client" "$port" --cipher || status=1
 wait "$camera" || status=1
 camera=
 wait "$relay"
+timeout 3 "$programs/frames" "$scratch/received" || status=1
 
 if [ $status -eq 0 ]; then
     echo "demo: every exchange went as expected"

@@ -13,8 +13,17 @@
  * - Every record has an `..._PARAM_init` that gives each field its absent value: all bits set in numbers (-1,
  *   255), zero bytes in texts, unless the record says otherwise. It returns 0, or -1 for a null pointer.
  *   Always call it before filling a record.
- * - Values are written as they are, without XML escaping, and text is never converted. A value with a double
- *   quote or an ampersand makes a document that no peer can read.
+ * - Values are written as they are, without XML escaping, and text is never converted. A double quote
+ *   ends the value, and what stands behind it makes attributes of its own. An ampersand usually comes
+ *   back intact, but where it starts a reference ("&lt;", "&#65;") another character comes back, or the
+ *   text is refused. "<" and control bytes come back from the default XML reader; others refuse them or
+ *   make blanks of them. Test what comes from users or other peers with ZelProtocolTextIsWritable before
+ *   it is put into a record.
+ * - Units and ranges are those that a field's comment names. Where it names none, the protocol doesn't
+ *   fix them: number or text go through as they are, and their meaning is between the device and its
+ *   client. As a rule a field named ...Enable is a switch, 0 off and 1 on, and one named ...Port a
+ *   network port.
+ * - The frame, and names for kinds and codec mode, are in frame.h.
  */
 #ifndef ZEL_PROTOCOL_CORE_H
 #define ZEL_PROTOCOL_CORE_H
@@ -45,6 +54,9 @@ typedef enum ZEL_STATUS
     ZEL_ERR_CODEC = -1009,        /**< enciphering or deciphering failed */
     ZEL_ERR_NO_ENVELOPE = -1011   /**< no closing root tag, or no message inside a transparent one */
 } ZEL_STATUS;
+
+/** What a result means, in a few words. Never NULL, whatever the number. */
+ZEL_API const char* ZelProtocolStatusText(int status);
 
 /** Header of every message. An empty text is absent. */
 typedef struct ZEL_PROTOCOL_HEADER
@@ -97,7 +109,10 @@ ZEL_API int AUXPTZ_HEARTBEAT_CMD_HEARTBEAT_PARAM_init(AUXPTZ_HEARTBEAT_CMD_HEART
  * the head, but they are the caller's to send behind the frame. "SYSTEM_SEARCHIPC_MESSAGE" and
  * "IPC_REPAIR_MESSAGE" go out as bare text without a frame, never enciphered: at most `outLen` bytes of it
  * are written, the rest of the buffer is cleared, and the result is the text's whole length, which must be
- * below outLen or 8192, whichever is more.
+ * below outLen or 8192, whichever is more. So the result of such a message may be larger than outLen although
+ * it is a success: the text was cut then.
+ *
+ * Of a message that announces raw data, frame.h says how many bytes follow and what works with a cipher.
  *
  * @param header      type, code, flag and the optional texts of the message.
  * @param record      the record of that type and code; NULL gives a message without parameters, for any type.
@@ -106,11 +121,38 @@ ZEL_API int AUXPTZ_HEARTBEAT_CMD_HEARTBEAT_PARAM_init(AUXPTZ_HEARTBEAT_CMD_HEART
  * @param iCodecArg   handed to the codec; NULL selects the P2p codec.
  * @param outBuf      receives the frame. After a failure its content is of no use.
  * @param outLen      size of outBuf. A plain frame needs more than its text and 8 bytes, an enciphered one
- * more than twice its text and 8 bytes.
- * @return bytes in outBuf, or a status of ZEL_STATUS.
+ * more than twice its text and 8 bytes. ZelProtocolXMLComposeSize tells it.
+ * @return bytes of the message, or a status of ZEL_STATUS. Of a bare text the bytes in outBuf are this many
+ * or outLen, whichever is less: compare before you write them out.
  */
 ZEL_API int ZelProtocolXMLCompose(const ZEL_PROTOCOL_HEADER* header, const void* record, int kind,
                                   int iCodecMode, void* iCodecArg, char* outBuf, int outLen);
+
+/**
+ * The least outLen with which ZelProtocolXMLCompose gives the whole of a message, its arguments being the
+ * same.
+ *
+ * The size for an enciphered message suffices for a codec that makes at most twice as many bytes as it gets,
+ * as those of the default layer do. Raw data that the message announces isn't counted: composing doesn't
+ * write it. It takes no memory and about the time of composing a plain message.
+ *
+ * @return bytes, or a status of ZEL_STATUS as ZelProtocolXMLCompose would give it.
+ */
+ZEL_API int ZelProtocolXMLComposeSize(const ZEL_PROTOCOL_HEADER* header, const void* record, int kind,
+                                      int iCodecMode);
+
+/**
+ * Whether a text can be put into a record: written as a value, it changes nothing of the document around it.
+ *
+ * That is a text without a double quote, an ampersand, "<", bytes below 0x20 (line ends and tabs too), and
+ * without "ChannelId=", which an analysis may take for a channel that lacks its quotes. Other bytes are fine,
+ * also those of GB2312 and UTF-8. The separators of a list inside a value, and whether the text fits its
+ * field, are the caller's to see.
+ *
+ * @param text  ends at its terminator or after `size` bytes, whichever comes first.
+ * @return 1, or 0 if it can't be written; 0 for a null pointer too.
+ */
+ZEL_API int ZelProtocolTextIsWritable(const char* text, int size);
 
 /**
  * Analyses one payload: what follows the 8 bytes of a frame's head, or a bare text.

@@ -10,27 +10,27 @@
 extern "C" {
 #endif
 
-/** Parameters of a stream's video. */
+/** Parameters of a stream's video; response. */
 typedef struct LIVE_STREAM_VIDEO_PARAM
 {
-    int32_t iReserved;
-    int32_t Width;
-    int32_t Height;
-    int32_t Framerate;
-    int32_t Bitrate;
-    char Encoder[16];
-    char Config[512];
+    int32_t iReserved; /**< not on the wire */
+    int32_t Width;     /**< pixels */
+    int32_t Height;    /**< pixels */
+    int32_t Framerate; /**< frames a second */
+    int32_t Bitrate;   /**< kbit/s */
+    char Encoder[16];  /**< name of the coding */
+    char Config[512];  /**< the decoder's parameters, as the two ends agreed */
 } LIVE_STREAM_VIDEO_PARAM;
 
-/** Parameters of a stream's audio. */
+/** Parameters of a stream's audio; response. */
 typedef struct LIVE_STREAM_AUDIO_PARAM
 {
-    int32_t iReserved;
-    int32_t SampleRate;
-    int32_t SampleWidth;
-    int32_t Channels;
-    int32_t Bitrate;
-    char Encoder[16];
+    int32_t iReserved;   /**< not on the wire */
+    int32_t SampleRate;  /**< samples a second */
+    int32_t SampleWidth; /**< bits of a sample */
+    int32_t Channels;    /**< of the sound, 1 for mono */
+    int32_t Bitrate;     /**< kbit/s */
+    char Encoder[16];    /**< name of the coding */
 } LIVE_STREAM_AUDIO_PARAM;
 
 /**
@@ -43,29 +43,29 @@ typedef struct LIVE_STREAM_AUDIO_PARAM
  */
 typedef struct LIVE_STREAM_CMD_STREAM_START_PARAM
 {
-    int32_t ChannelId;
+    int32_t ChannelId;   /**< of the device; both directions */
     int32_t VideoStream; /**< which stream of the channel; -1 in a response: it has no body */
     int32_t ConnectNum;  /**< response; -1: nothing goes into the header */
     int32_t AudioEnable; /**< in a response anything above 0 goes out as 1, the rest as 0 */
     int32_t StreamNum;   /**< response */
     int32_t VideoPort;   /**< in a response without TCP only, as are the other port and the multicast data */
     int32_t AudioPort;   /**< in a response with audio only */
-    int32_t Multicast;
-    int32_t UseTcp; /**< neither 0 nor -1: the stream comes over TCP */
-    int32_t FrameType;
-    int32_t iReserved;
-    int32_t StreamID;           /**< response */
-    int32_t EnableChangeStream; /**< response */
-    char MulticastAddress[32];  /**< response */
-    LIVE_STREAM_VIDEO_PARAM stVideo;
-    LIVE_STREAM_AUDIO_PARAM stAudio;
+    int32_t Multicast;   /**< switch */
+    int32_t UseTcp;      /**< neither 0 nor -1: the stream comes over TCP */
+    int32_t FrameType;   /**< request */
+    int32_t iReserved;   /**< not on the wire */
+    int32_t StreamID;    /**< response */
+    int32_t EnableChangeStream;      /**< response */
+    char MulticastAddress[32];       /**< response */
+    LIVE_STREAM_VIDEO_PARAM stVideo; /**< response */
+    LIVE_STREAM_AUDIO_PARAM stAudio; /**< response, with audio only */
 } LIVE_STREAM_CMD_STREAM_START_PARAM;
 
-/** "CMD_STREAM_STOP": end of a stream. */
+/** "CMD_STREAM_STOP": end of a stream. One form for all kinds; what is absent isn't written. */
 typedef struct LIVE_STREAM_CMD_STREAM_STOP_PARAM
 {
-    int32_t ChannelId;
-    int32_t StreamID;
+    int32_t ChannelId; /**< of the device */
+    int32_t StreamID;  /**< from the response to the start */
     int32_t FrameType; /**< quality only */
     int32_t UseTcp;    /**< stop only */
 } LIVE_STREAM_CMD_STREAM_STOP_PARAM;

@@ -13,7 +13,7 @@ extern "C" {
 /** 3001: query of a day's recordings. */
 typedef struct NVR_REPLAY_3001_PARAM
 {
-    int32_t ChannelId;
+    int32_t ChannelId; /**< of the recorder, as in all records of this family */
     char Time[32];     /**< a text of the application's, as in all records of this family */
     char Stream[1441]; /**< response: the day's recordings */
 } NVR_REPLAY_3001_PARAM;
@@ -21,60 +21,60 @@ typedef struct NVR_REPLAY_3001_PARAM
 /** 3002, 3013: start of a replay stream. The response carries ChannelId alone. */
 typedef struct NVR_REPLAY_3002_PARAM
 {
-    int32_t ChannelId;
-    char Time[32];
-    int32_t RecType; /**< bit mask of recording types; hexadecimal on the wire */
-    int32_t AudioEnable;
+    int32_t ChannelId;   /**< both directions */
+    char Time[32];       /**< where to start; request */
+    int32_t RecType;     /**< bit mask of recording types; hexadecimal on the wire */
+    int32_t AudioEnable; /**< switch; request; not written when absent */
 } NVR_REPLAY_3002_PARAM;
 
 /** 3003, 3005, 3006, 3009, 3011, 3014, 3015: control of a stream; the code says what is to be done. */
 typedef struct NVR_REPLAY_3003_PARAM
 {
-    int32_t ChannelId;
+    int32_t ChannelId; /**< both directions */
 } NVR_REPLAY_3003_PARAM;
 
 /** 3004, 3007, 3008: speed. */
 typedef struct NVR_REPLAY_3004_PARAM
 {
-    int32_t ChannelId;
-    int32_t Speed;
+    int32_t ChannelId; /**< both directions */
+    int32_t Speed;     /**< as the recorder numbers its speeds; both directions */
     int32_t FrameType; /**< request only */
 } NVR_REPLAY_3004_PARAM;
 
 /** 3010: jump to a time. The response carries ChannelId alone. */
 typedef struct NVR_REPLAY_3010_PARAM
 {
-    int32_t ChannelId;
-    char Time[32];
+    int32_t ChannelId; /**< both directions */
+    char Time[32];     /**< where to go on; request */
 } NVR_REPLAY_3010_PARAM;
 
 /** 3012: the stream's parameters, a response without a request. */
 typedef struct NVR_REPLAY_3012_PARAM
 {
-    int32_t ChannelId;
+    int32_t ChannelId;      /**< not written when absent */
     int32_t iVideoParamSet; /**< neither 0 nor -1: VideoParam is written; stays -1 in an analysed record */
     int32_t iAudioParamSet; /**< the same for AudioParam */
-    int32_t VideoSeconds;
-    char VideoParam[1024];
-    char AudioParam[1024];
+    int32_t VideoSeconds;   /**< s; written absent or not */
+    char VideoParam[1024];  /**< as the two ends agreed */
+    char AudioParam[1024];  /**< as the two ends agreed */
 } NVR_REPLAY_3012_PARAM;
 
 /** 3016: days of a month that have recordings. */
 typedef struct NVR_REPLAY_3016_PARAM
 {
-    int32_t ChannelId;
-    char Time[32];
+    int32_t ChannelId;   /**< both directions */
+    char Time[32];       /**< the month; both directions */
     char RecordData[64]; /**< response */
 } NVR_REPLAY_3016_PARAM;
 
 /** 3017: recordings by the second, in numbered packets. */
 typedef struct NVR_REPLAY_3017_PARAM
 {
-    char Time[32];
-    int32_t ChannelId;
-    int32_t TotalPacketNum;
-    int32_t CurrentPacket;
-    int32_t SequenceNumber;
+    char Time[32];            /**< both directions */
+    int32_t ChannelId;        /**< both directions */
+    int32_t TotalPacketNum;   /**< response */
+    int32_t CurrentPacket;    /**< response */
+    int32_t SequenceNumber;   /**< both directions */
     char TimeSliceInfo[2048]; /**< response */
 } NVR_REPLAY_3017_PARAM;
 

@@ -1,6 +1,7 @@
 /**
  * Device search: family "SYSTEM_SEARCHIPC_MESSAGE". The code is decimal text. All its messages go out as bare
- * text, without a frame and never enciphered, and have one form for all kinds.
+ * text, without a frame and never enciphered, and have one form for all kinds: the code tells who asks and
+ * who answers, and no field belongs to one kind alone.
  *
  * Codes 9, 10, 11 and 20 have neither a body nor a record.
  */
@@ -18,43 +19,43 @@ typedef struct SYSTEM_SEARCHIPC_STREAM_ACCESS
 {
     int32_t Auth; /**< -1: nothing of this block is written */
     int32_t VideoPort;
-    int32_t RTPOverRTSP;
+    int32_t RTPOverRTSP; /**< switch */
     int32_t PTZPort;
     int32_t WEBPort;
-    int32_t RTSPClientNumber;
-    int32_t RTPPacketSize;
+    int32_t RTSPClientNumber; /**< clients at most; not written when absent */
+    int32_t RTPPacketSize;    /**< bytes; not written when absent */
 } SYSTEM_SEARCHIPC_STREAM_ACCESS;
 
 /** Network settings of one interface; addresses are texts. */
 typedef struct SYSTEM_SEARCHIPC_LAN_CONFIG
 {
-    int32_t DHCP;
-    int32_t MTU;
+    int32_t DHCP; /**< switch */
+    int32_t MTU;  /**< bytes */
     char MacAddress[32];
     char IPAddress[32];
     char Netmask[32];
     char Gateway[32];
-    char DNS1[256];
-    char DNS2[256];
-    char DEV[32]; /**< the interface; written, never read */
+    char DNS1[256]; /**< address of a name server */
+    char DNS2[256]; /**< of another */
+    char DEV[32];   /**< the interface; written, never read */
 } SYSTEM_SEARCHIPC_LAN_CONFIG;
 
 /** What a device says of itself. */
 typedef struct SYSTEM_SEARCHIPC_DEVICE_INFO
 {
     char SerialNumber[32];
-    char DeviceType[32];
-    char DeviceModule[32];
+    char DeviceType[32];   /**< a text here */
+    char DeviceModule[32]; /**< model */
     char DevID[32];
-    char OsdStr[256];
-    char FileSystemVersion[128];
+    char OsdStr[256];              /**< the title on the camera's picture */
+    char FileSystemVersion[128];   /**< of the firmware */
     char Name[128];                /**< the manufacturer's name */
     int32_t iConnectionCountValid; /**< -1: no connection counts; 1 in an analysed record that has them */
     int16_t Count[12];             /**< connection counts; 0 is the initial value */
-    uint64_t Feature;
-    char SalesArea[8];
+    uint64_t Feature;              /**< a bit for each feature */
+    char SalesArea[8];             /**< where the device is sold */
     int32_t DevSubType;
-    int32_t BindMode;
+    int32_t BindMode; /**< how it is bound to an account */
 } SYSTEM_SEARCHIPC_DEVICE_INFO;
 
 /** A user's account. */
@@ -62,8 +63,8 @@ typedef struct SYSTEM_SEARCHIPC_ACCOUNT
 {
     char Username[40]; /**< empty: neither this nor the password is written */
     char Password[40];
-    char Group[32];
-    char Status[8];
+    char Group[32]; /**< the user's group */
+    char Status[8]; /**< a text */
 } SYSTEM_SEARCHIPC_ACCOUNT;
 
 /** 1: search request. */
@@ -75,15 +76,15 @@ typedef struct SYSTEM_SEARCHIPC_1_PARAM
 /** 3: search response. */
 typedef struct SYSTEM_SEARCHIPC_3_PARAM
 {
-    char VendorId[40];
-    char IPAddressVirtual[32];
-    int32_t AllNetConnectEnable;
+    char VendorId[40];           /**< not written when empty */
+    char IPAddressVirtual[32];   /**< not written when empty */
+    int32_t AllNetConnectEnable; /**< switch; not written when absent */
     SYSTEM_SEARCHIPC_DEVICE_INFO stDevice;
     int32_t
         iAccountNum; /**< accounts in use; -1: no list of accounts, which isn't the same as an empty one */
     int32_t iReserved;
-    SYSTEM_SEARCHIPC_ACCOUNT stAccounts[40];
-    SYSTEM_SEARCHIPC_STREAM_ACCESS stStream;
+    SYSTEM_SEARCHIPC_ACCOUNT stAccounts[40]; /**< the first iAccountNum */
+    SYSTEM_SEARCHIPC_STREAM_ACCESS stStream; /**< left out as a whole by its Auth */
     SYSTEM_SEARCHIPC_LAN_CONFIG stLan;
     SYSTEM_SEARCHIPC_LAN_CONFIG stLan1; /**< addresses and DHCP alone; written if it has an IPAddress */
 } SYSTEM_SEARCHIPC_3_PARAM;
@@ -94,11 +95,11 @@ typedef struct SYSTEM_SEARCHIPC_3_PARAM
  */
 typedef struct SYSTEM_SEARCHIPC_21_PARAM
 {
-    int32_t DeviceType;
-    int32_t BindStatus;
+    int32_t DeviceType; /**< a number here */
+    int32_t BindStatus; /**< whether it is bound to an account; not written when absent */
     int32_t DevSubType;
-    int32_t RegStatus;
-    char DeviceModule[32];
+    int32_t RegStatus;                     /**< not written when absent */
+    char DeviceModule[32];                 /**< model; not written when empty */
     SYSTEM_SEARCHIPC_DEVICE_INFO stDevice; /**< SerialNumber and DevID alone */
     SYSTEM_SEARCHIPC_LAN_CONFIG stLan;     /**< without DEV */
 } SYSTEM_SEARCHIPC_21_PARAM;

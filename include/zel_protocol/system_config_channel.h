@@ -15,23 +15,23 @@ extern "C" {
 /** A channel of a recorder. The fields of a row that its message doesn't carry keep their initial value. */
 typedef struct SYSTEM_CONFIG_CHANNEL_INFO
 {
-    int32_t ChannelId; /**< -1: a free row */
-    int32_t CtrlPort;
-    int32_t DevMode;
-    int32_t Status;
-    int32_t DevSubType; /**< left out when -1; a fresh row holds 0 */
-    uint64_t Feature;   /**< left out when all bits are set; a fresh row holds 0 */
-    char Protocol[16];
-    char IpAddr[32]; /**< the camera's address */
-    char Username[32];
-    char Password[32];
-    char ChannnelName[256];
-    int32_t Result; /**< 3804, response: the outcome for this channel; written, never read */
-    int32_t RtspMainResPort;
-    int32_t RtspSubResPort;
-    char RtspMainResPath[128];
-    char RtspSubResPath[128];
-    char RtspDomain[128];
+    int32_t ChannelId;         /**< -1: a free row */
+    int32_t CtrlPort;          /**< the camera's port */
+    int32_t DevMode;           /**< kind of device, as the recorder numbers it */
+    int32_t Status;            /**< 3803; as the recorder numbers it */
+    int32_t DevSubType;        /**< left out when -1; a fresh row holds 0 */
+    uint64_t Feature;          /**< left out when all bits are set; a fresh row holds 0 */
+    char Protocol[16];         /**< name of the protocol that the camera speaks */
+    char IpAddr[32];           /**< the camera's address */
+    char Username[32];         /**< at the camera */
+    char Password[32];         /**< at the camera */
+    char ChannnelName[256];    /**< 3803 */
+    int32_t Result;            /**< 3804, response: the outcome for this channel; written, never read */
+    int32_t RtspMainResPort;   /**< port of the main stream */
+    int32_t RtspSubResPort;    /**< port of the sub stream */
+    char RtspMainResPath[128]; /**< path of the main stream */
+    char RtspSubResPath[128];  /**< path of the sub stream */
+    char RtspDomain[128];      /**< host of both */
 } SYSTEM_CONFIG_CHANNEL_INFO;
 
 /** 3801: search for cameras. The request carries SearchDuration alone, a response the rest, for one camera.
@@ -39,16 +39,16 @@ typedef struct SYSTEM_CONFIG_CHANNEL_INFO
 typedef struct SYSTEM_CONFIG_GET_3801_PARAM
 {
     int32_t SearchDuration; /**< left out when absent */
-    int32_t CtrlPort;
-    int32_t DevSubType; /**< left out when absent; the init leaves this and the next as they were */
-    uint64_t Feature;   /**< left out when absent */
-    char Protocol[16];
-    char IPAddress[32];
-    char Username[32];
-    char Password[32];
-    char SN[32];
-    char OsdName[512];
-    char IpcVer[128];
+    int32_t CtrlPort;       /**< the camera's port */
+    int32_t DevSubType;     /**< left out when absent; the init leaves this and the next as they were */
+    uint64_t Feature;       /**< left out when absent */
+    char Protocol[16];      /**< name of the protocol that the camera speaks */
+    char IPAddress[32];     /**< the camera's */
+    char Username[32];      /**< at the camera */
+    char Password[32];      /**< at the camera */
+    char SN[32];            /**< serial number */
+    char OsdName[512];      /**< title on the picture */
+    char IpcVer[128];       /**< version of the camera's firmware */
     char MacAddress[32];
     char Netmask[32];
     char Gateway[32];
@@ -63,17 +63,17 @@ typedef struct SYSTEM_CONFIG_GET_3801_PARAM
  */
 typedef struct SYSTEM_CONFIG_GET_3803_PARAM
 {
-    int32_t DivideResponse; /**< rows in one response; left out when absent */
-    int32_t ChannelCount;
-    int32_t EndPackage; /**< written only if DivideResponse is above 0 */
-    SYSTEM_CONFIG_CHANNEL_INFO stChannelInfo[64];
+    int32_t DivideResponse;                       /**< rows in one response; left out when absent */
+    int32_t ChannelCount;                         /**< rows to write; response */
+    int32_t EndPackage;                           /**< written only if DivideResponse is above 0 */
+    SYSTEM_CONFIG_CHANNEL_INFO stChannelInfo[64]; /**< response */
 } SYSTEM_CONFIG_GET_3803_PARAM;
 
 /** 3804: adds channels. Free rows are left out of the request, not of the response. */
 typedef struct SYSTEM_CONFIG_SET_3804_PARAM
 {
     int32_t iChannelCount; /**< rows in use; of an analysed record, rows that were read */
-    SYSTEM_CONFIG_CHANNEL_INFO stChannelInfo[64];
+    SYSTEM_CONFIG_CHANNEL_INFO stChannelInfo[64]; /**< of a response ChannelId, IpAddr and Result alone */
 } SYSTEM_CONFIG_SET_3804_PARAM;
 
 ZEL_API int SYSTEM_CONFIG_GET_3801_PARAM_init(SYSTEM_CONFIG_GET_3801_PARAM* param);

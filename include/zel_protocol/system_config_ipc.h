@@ -14,16 +14,16 @@ extern "C" {
 /** 202, 5007: clock, time server and daylight saving time. Response only. */
 typedef struct SYSTEM_CONFIG_GET_202_PARAM
 {
-    char TimeMode[32];
-    char TimeZone[32];
+    char TimeMode[32];  /**< how the clock is set */
+    char TimeZone[32];  /**< a text */
     char Time[32];      /**< left out when empty */
     char ServerIP[256]; /**< of the time server, as the next two */
     int32_t ServerPort;
     int32_t RefreshInterval;
     int32_t Enable; /**< of daylight saving time, as the rest */
     int32_t Delta;
-    char StartTime[64];
-    char EndTime[64];
+    char StartTime[64]; /**< of the season */
+    char EndTime[64];   /**< of the season */
 } SYSTEM_CONFIG_GET_202_PARAM;
 
 /** An account. One without a Username is a free row. */
@@ -31,7 +31,7 @@ typedef struct SYSTEM_CONFIG_ACCOUNT_ROW
 {
     char Username[32];
     char Password[48];
-    char Group[32];
+    char Group[32]; /**< the user's group */
     char Status[8]; /**< a text, not a number */
 } SYSTEM_CONFIG_ACCOUNT_ROW;
 
@@ -47,8 +47,8 @@ typedef struct SYSTEM_CONFIG_GET_203_PARAM
 /** 315: service for access from afar. Response only; absent values are left out. */
 typedef struct SYSTEM_CONFIG_GET_315_PARAM
 {
-    int32_t Enable;
-    int32_t SyncTime;
+    int32_t Enable;   /**< switch */
+    int32_t SyncTime; /**< of the clock, by the service */
     char User[32];
     char Passwd[48];
 } SYSTEM_CONFIG_GET_315_PARAM;
@@ -56,58 +56,58 @@ typedef struct SYSTEM_CONFIG_GET_315_PARAM
 /** The address of a wired interface. */
 typedef struct SYSTEM_CONFIG_LAN_CONFIG
 {
-    int32_t DHCP;
-    int32_t MTU; /**< bytes */
+    int32_t DHCP; /**< switch */
+    int32_t MTU;  /**< bytes */
     char MacAddress[32];
     char IPAddress[32];
     char Netmask[32];
     char Gateway[32];
-    char DNS1[256];
-    char DNS2[256];
+    char DNS1[256]; /**< address of a name server */
+    char DNS2[256]; /**< of another */
 } SYSTEM_CONFIG_LAN_CONFIG;
 
 /** The second interface. */
 typedef struct SYSTEM_CONFIG_WIRE_CONFIG
 {
-    int32_t AllNetConnectEnable;
-    int32_t DHCP;
-    int32_t MTU; /**< bytes */
+    int32_t AllNetConnectEnable; /**< switch */
+    int32_t DHCP;                /**< switch */
+    int32_t MTU;                 /**< bytes */
     char MacAddress[32];
     char IPAddress[32];
     char Netmask[32];
     char Gateway[32];
-    char DNS1[256];
-    char DNS2[256];
+    char DNS1[256]; /**< address of a name server */
+    char DNS2[256]; /**< of another */
 } SYSTEM_CONFIG_WIRE_CONFIG;
 
 /** A tunnel. */
 typedef struct SYSTEM_CONFIG_PPTP_CONFIG
 {
-    int32_t Enable;
-    int32_t MTU;  /**< bytes */
-    int32_t MPPE; /**< encryption of the tunnel */
-    char Server[256];
-    char Username[32];
-    char Password[48];
+    int32_t Enable;    /**< switch */
+    int32_t MTU;       /**< bytes */
+    int32_t MPPE;      /**< encryption of the tunnel */
+    char Server[256];  /**< address or name */
+    char Username[32]; /**< at the server */
+    char Password[48]; /**< at the server */
 } SYSTEM_CONFIG_PPTP_CONFIG;
 
 /** Registration with a surveillance platform. */
 typedef struct SYSTEM_CONFIG_GB28181_CONFIG
 {
-    int32_t Enable;
-    int32_t DevPort;
-    int32_t ServerPort;
-    int32_t Expires;
-    int32_t KeepAlive;
-    int32_t KeepAliveNum;
-    int32_t StreamIdx;
-    char ServerID[256];
-    char ServerName[32];
+    int32_t Enable;       /**< switch */
+    int32_t DevPort;      /**< the device's own port */
+    int32_t ServerPort;   /**< the platform's port */
+    int32_t Expires;      /**< s that a registration lasts */
+    int32_t KeepAlive;    /**< s between two signs of life */
+    int32_t KeepAliveNum; /**< signs of life that may stay unanswered */
+    int32_t StreamIdx;    /**< stream that is served */
+    char ServerID[256];   /**< the platform's number */
+    char ServerName[32];  /**< the platform's domain */
     char ServerIP[256];
-    char DevID[256];
-    char DevName[32];
-    char Passwd[48];
-    char AlarmID[256];
+    char DevID[256];   /**< the device's number at the platform */
+    char DevName[32];  /**< the device's user name at the platform */
+    char Passwd[48];   /**< at the platform */
+    char AlarmID[256]; /**< number of the device's alarms at the platform */
 } SYSTEM_CONFIG_GB28181_CONFIG;
 
 /** 300: the whole network. Response only; it is written whole, whatever is absent. */
@@ -125,7 +125,7 @@ typedef struct SYSTEM_CONFIG_GET_300_PARAM
  */
 typedef struct SYSTEM_CONFIG_SET_325_PARAM
 {
-    int32_t AllNetConnectEnable;
+    int32_t AllNetConnectEnable; /**< switch; always written */
     SYSTEM_CONFIG_LAN_CONFIG stLanConfig;
 } SYSTEM_CONFIG_SET_325_PARAM;
 

@@ -13,19 +13,19 @@ extern "C" {
 /** A video encoder. Its row is its place in the message. */
 typedef struct SYSTEM_CONFIG_ENCODE_ROW
 {
-    int32_t Stream;
-    int32_t Initquant;
-    int32_t BitRate;
-    int32_t FrameRate;
-    char Resolution[32];
-    char EncodeFormat[16];
-    char BitRateControl[16];
+    int32_t Stream;          /**< its number, which may differ from the row */
+    int32_t Initquant;       /**< quantiser to start with */
+    int32_t BitRate;         /**< kbit/s */
+    int32_t FrameRate;       /**< frames a second */
+    char Resolution[32];     /**< width and height as a text */
+    char EncodeFormat[16];   /**< name of the coding */
+    char BitRateControl[16]; /**< name of the method */
 } SYSTEM_CONFIG_ENCODE_ROW;
 
 /** Four privacy masks of a stream. */
 typedef struct SYSTEM_CONFIG_MASK_ROW
 {
-    uint8_t Area1PosX;
+    uint8_t Area1PosX; /**< place of the first on the picture */
     uint8_t Area1PosY;
     uint8_t Area2PosX;
     uint8_t Area2PosY;
@@ -33,7 +33,7 @@ typedef struct SYSTEM_CONFIG_MASK_ROW
     uint8_t Area3PosY;
     uint8_t Area4PosX;
     uint8_t Area4PosY;
-    uint32_t Area1Width;
+    uint32_t Area1Width; /**< size of the first */
     uint32_t Area1Height;
     uint32_t Area2Width;
     uint32_t Area2Height;
@@ -49,78 +49,78 @@ typedef struct SYSTEM_CONFIG_MASK_ROW
  */
 typedef struct SYSTEM_CONFIG_GET_500_PARAM
 {
-    uint8_t EncodeProfile;
+    uint8_t EncodeProfile;       /**< profile of the coding */
     uint8_t DisablePrivateData;  /**< private data in the stream: current value */
     uint8_t DefaultDPrivateData; /**< and the device's default */
-    uint8_t WDRMode;
+    uint8_t WDRMode;             /**< wide dynamic range; its hours are below */
     uint8_t IvpAdvanceIsp;
     uint8_t IvpLowBitrate;
     uint8_t H265plus;           /**< main stream: current value */
     uint8_t DefaultH265plus;    /**< and the device's default */
     uint8_t H265subplus;        /**< sub stream: current value */
     uint8_t DefaultH265subplus; /**< and the device's default */
-    uint8_t LightMode;
+    uint8_t LightMode;          /**< of LightConfig, as the next two */
     uint8_t LightCtrl;
     uint8_t LightVal;
-    uint8_t LightBoardBrigh;
-    uint8_t LightBoardMode;
-    uint8_t DayNight;
+    uint8_t LightBoardBrigh; /**< brightness of the light board */
+    uint8_t LightBoardMode;  /**< of the light board */
+    uint8_t DayNight;        /**< colour or black and white */
     uint8_t WhiteBalance;
     uint8_t Switch2A;
     uint8_t BinningSkip;
     uint8_t TVSystem;
-    uint8_t HFlip;
-    uint8_t VFlip;
-    uint8_t TNF;
-    uint8_t SNF;
-    uint8_t VSTAB;
-    uint8_t LDC;
-    uint8_t FD;
+    uint8_t HFlip; /**< switch: the picture is mirrored */
+    uint8_t VFlip; /**< switch: the picture is upside down */
+    uint8_t TNF;   /**< noise filter over time */
+    uint8_t SNF;   /**< noise filter over the picture */
+    uint8_t VSTAB; /**< steadying of the picture */
+    uint8_t LDC;   /**< correction of the lens */
+    uint8_t FD;    /**< detection of faces */
     uint8_t Rotation;
     uint8_t PreventOverexposure;
-    uint8_t IrcutMode;
-    uint8_t SoftPhotoresistanceSensitivity;
-    uint8_t soft_pr_luma_day_to_night;
+    uint8_t IrcutMode;                      /**< of the infrared filter, as all of Ircut... */
+    uint8_t SoftPhotoresistanceSensitivity; /**< of the detection of day and night by the picture */
+    uint8_t soft_pr_luma_day_to_night;      /**< brightness at which night begins */
     uint8_t IrcutDelayValue;
     uint8_t IrcutSensitivity;
     uint8_t IrcutLuma;
     uint8_t IrcutKeepColor;
-    uint8_t TitleOverlay_PosX;
-    uint8_t TitleOverlay_PosY;
-    uint8_t ExposureMode;
+    uint8_t TitleOverlay_PosX; /**< place on the picture */
+    uint8_t TitleOverlay_PosY; /**< place on the picture */
+    uint8_t ExposureMode;      /**< of ExposureConfig, as the next four */
     uint8_t SemiautoMode;
     uint8_t ExposureTime;
     uint8_t DaySystemGain;
     uint8_t NightSystemGain;
-    uint8_t AWBMode;
-    uint8_t AWBRGain;
-    uint8_t AWBBGain;
+    uint8_t AWBMode;       /**< of the white balance */
+    uint8_t AWBRGain;      /**< red */
+    uint8_t AWBBGain;      /**< blue */
     uint8_t Mode;          /**< of DRCConfig */
     uint8_t StrenthTarget; /**< of DRCConfig */
-    uint8_t DenoiseMode;
+    uint8_t DenoiseMode;   /**< of the noise filter, as the next two */
     uint8_t DenoiseDayStrenth;
     uint8_t DenoiseNightStrenth;
     uint8_t ColorStyleMode;
-    uint8_t LDCConfig_enable;
-    uint8_t centorX;
-    uint8_t centorY;
-    uint8_t ratio; /**< of LDCConfig, as the centre */
-    uint8_t StarlightConfig_enable;
+    uint8_t LDCConfig_enable;       /**< switch */
+    uint8_t centorX;                /**< the centre */
+    uint8_t centorY;                /**< the centre */
+    uint8_t ratio;                  /**< of LDCConfig, as the centre */
+    uint8_t StarlightConfig_enable; /**< switch */
     uint8_t DefogMode;
     uint8_t DefogValue;
     uint8_t WeightCoefficient; /**< of DoubleLight */
-    uint8_t JpegConfig_Enable;
-    uint8_t Stream;    /**< of JpegConfig */
-    uint8_t Quality;   /**< of JpegConfig */
-    uint8_t Framerate; /**< of JpegConfig */
-    uint8_t Overlay_Enable;
-    uint8_t Transparency;
-    uint8_t TimeOverlay_PosX;
-    uint8_t TimeOverlay_PosY;
-    uint8_t WeekDisplayEn;
-    int32_t AEStep;
+    uint8_t JpegConfig_Enable; /**< switch */
+    uint8_t Stream;            /**< of JpegConfig */
+    uint8_t Quality;           /**< of JpegConfig */
+    uint8_t Framerate;         /**< of JpegConfig */
+    uint8_t Overlay_Enable;    /**< switch */
+    uint8_t Transparency;      /**< of the overlays */
+    uint8_t TimeOverlay_PosX;  /**< place on the picture */
+    uint8_t TimeOverlay_PosY;  /**< place on the picture */
+    uint8_t WeekDisplayEn;     /**< switch: the time has the day of the week */
+    int32_t AEStep;            /**< of the automatic exposure */
     int32_t BackLight;
-    int32_t AETolerance;
+    int32_t AETolerance; /**< of the automatic exposure */
     int32_t Brightness;
     int32_t Contrast;
     int32_t Saturation;
@@ -135,16 +135,16 @@ typedef struct SYSTEM_CONFIG_GET_500_PARAM
     int32_t IrcutNightStartTime[3]; /**< 520 reads this and the next under names that it doesn't write */
     int32_t IrcutNightEndTime[3];
     char IrcutLumaList[128];
-    char Format[32]; /**< of the time overlay */
-    char Title[256];
-    SYSTEM_CONFIG_ENCODE_ROW stEncodeConfig[2];
-    SYSTEM_CONFIG_MASK_ROW stMaskRows[2]; /**< main and sub stream */
-    uint8_t Encode_Enable;                /**< of the audio, as the rest */
-    uint8_t Capture_Volume;
-    uint8_t Play_Volume;
-    uint32_t SampleRate;
-    uint32_t BitRate;
-    char EncodeType[32];
+    char Format[32];                            /**< of the time overlay */
+    char Title[256];                            /**< of the title overlay */
+    SYSTEM_CONFIG_ENCODE_ROW stEncodeConfig[2]; /**< main and sub stream */
+    SYSTEM_CONFIG_MASK_ROW stMaskRows[2];       /**< main and sub stream */
+    uint8_t Encode_Enable;                      /**< of the audio, as the rest */
+    uint8_t Capture_Volume;                     /**< of the microphone */
+    uint8_t Play_Volume;                        /**< of the loudspeaker */
+    uint32_t SampleRate;                        /**< samples a second */
+    uint32_t BitRate;                           /**< kbit/s */
+    char EncodeType[32];                        /**< name of the coding */
 } SYSTEM_CONFIG_GET_500_PARAM;
 
 /* 520: sets what 500 gets. Request only. */

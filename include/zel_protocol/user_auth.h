@@ -10,20 +10,24 @@
 extern "C" {
 #endif
 
-/** The login request and its response. A text of an analysed record may fill its field without a terminator.
+/**
+ * The login request and its response. A text of an analysed record may fill its field without a terminator.
+ *
+ * Both directions carry Capbility, Version and KeyTypeVer; in a response they and its other fields go out
+ * only where they are set.
  */
 typedef struct USER_AUTH_CMD_USER_AUTH_PARAM
 {
-    int32_t AuthMethod;
-    int32_t KeyTypeVer; /**< 0 in a record that was read from a message without a body */
-    int32_t Version;
-    int32_t MAXChannels; /**< channels of the device */
-    char Username[32];
-    char Password[48];
-    char VendorId[48]; /**< written, never read */
-    char Capbility[32];
-    char Sessionid[128];
-    char Group[32]; /**< the user's group */
+    int32_t AuthMethod;  /**< request; not written when absent */
+    int32_t KeyTypeVer;  /**< 0 in a record that was read from a message without a body */
+    int32_t Version;     /**< of the encryption; both directions, as KeyTypeVer and Capbility */
+    int32_t MAXChannels; /**< response; channels of the device */
+    char Username[32];   /**< request */
+    char Password[48];   /**< request */
+    char VendorId[48];   /**< request; written, never read */
+    char Capbility[32];  /**< of the encryption */
+    char Sessionid[128]; /**< response */
+    char Group[32];      /**< response; the user's group */
 } USER_AUTH_CMD_USER_AUTH_PARAM;
 
 ZEL_API int USER_AUTH_CMD_USER_AUTH_PARAM_init(USER_AUTH_CMD_USER_AUTH_PARAM* param);

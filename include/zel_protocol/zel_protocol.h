@@ -7,6 +7,7 @@
 #include "zel_protocol/alarm_report.h"
 #include "zel_protocol/catalogue.h"
 #include "zel_protocol/core.h"
+#include "zel_protocol/frame.h"
 #include "zel_protocol/live_stream.h"
 #include "zel_protocol/media_data.h"
 #include "zel_protocol/nvr_replay.h"
@@ -15,5 +16,6 @@
 #include "zel_protocol/system_config.h"
 #include "zel_protocol/system_control.h"
 #include "zel_protocol/user_auth.h"
+#include "zel_protocol/version.h"
 
 #endif

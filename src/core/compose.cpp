@@ -1,6 +1,7 @@
 #include <climits>
 
 #include "core/families.h"
+#include "core/frame.h"
 #include "core/header.h"
 #include "core/scratch.h"
 #include "zel_platform/codec.h"
@@ -9,10 +10,6 @@
 namespace zel {
 
 namespace {
-
-constexpr char kPlainMagic[4] = {0x58, '\x91', 0x58, 0x51};
-constexpr char kEncipheredMagic[4] = {0x57, '\x81', 0x59, 0x52};
-constexpr size_t kHeadSize = 8;
 
 // A body has this much room even where the caller's buffer is smaller.
 constexpr size_t kLeastBodyBuffer = 8192;
@@ -24,6 +21,10 @@ struct Frame
     char* buffer;
     size_t size;
 
+    bool enciphered() const
+    {
+        return mode >= 0;
+    }
     // The text is put together where a plain frame wants it, one byte short of what a frame may hold.
     TextWriter text() const
     {
@@ -31,12 +32,6 @@ struct Frame
                                 : TextWriter(buffer, 0);
     }
 };
-
-void putLength(char* head, uint32_t length)
-{
-    for (int i = 0; i < 4; ++i)
-        head[4 + i] = static_cast<char>(length >> (8 * i) & 0xFF);
-}
 
 int encipherInto(const Frame& frame, const char* text, size_t length, char* scratch)
 {
@@ -77,45 +72,46 @@ int encipher(const Frame& frame, const TextWriter& text)
     return written;
 }
 
-// Makes a frame of the text that frame.text() holds; returns the payload's length.
-int ZelProtocolMessageEncryption(const Frame& frame, const TextWriter& text)
+// Turns the text that frame.text() holds into the frame's payload; returns its length.
+int makePayload(const Frame& frame, const TextWriter& text)
 {
     if (text.kept() < 1) {
         ZelProtocolLogError("ZelProtocolMessageEncryption faile!!\n");
         return ZEL_ERR_CODEC;
     }
-    if (frame.mode < 0) {
-        memcpy(frame.buffer, kPlainMagic, sizeof kPlainMagic);
-        return static_cast<int>(text.kept());
+    return frame.enciphered() ? encipher(frame, text) : static_cast<int>(text.kept());
+}
+
+// The same, with the head before it; returns the frame's length. `extraLength` bytes more are announced.
+int finishFrame(const Frame& frame, const TextWriter& text, uint32_t extraLength)
+{
+    const int payload = makePayload(frame, text);
+    if (payload < 0) {
+        ZelProtocolLogError("ZelProtocolMessageEncryption failed , ret : %d\n", payload);
+        return payload;
     }
-    const int written = encipher(frame, text);
-    if (written >= 0)
-        memcpy(frame.buffer, kEncipheredMagic, sizeof kEncipheredMagic);
-    return written;
+    putHead(frame.buffer, frame.enciphered(), static_cast<uint32_t>(payload) + extraLength);
+    return payload + static_cast<int>(kHeadSize);
 }
 
-int failedEncryption(int status)
+// Appends a transparent document; 0, or why it can't be.
+int transparentText(TextWriter& out, TRANSPARENT_HEADER& header)
 {
-    ZelProtocolLogError("ZelProtocolMessageEncryption failed , ret : %d\n", status);
-    return status;
-}
-
-int composeTransparent(const Frame& frame, TRANSPARENT_HEADER& header)
-{
-    TextWriter out = frame.text();
     out.append("<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n");
     if (const Element wrapper = element(out, "TRANSPARENT_HEADER"))
         transparentHeader(out, header);
     if (header.iTransDataLen < 0 || static_cast<size_t>(header.iTransDataLen) > sizeof header.acTransData)
         return ZEL_ERR_BUFFER_SMALL;
     out.append(header.acTransData, static_cast<size_t>(header.iTransDataLen));
-    if (out.overflowed())
-        return ZEL_ERR_BUFFER_SMALL;
-    const int payload = ZelProtocolMessageEncryption(frame, out);
-    if (payload < 0)
-        return failedEncryption(payload);
-    putLength(frame.buffer, static_cast<uint32_t>(payload));
-    return payload + static_cast<int>(kHeadSize);
+    return 0;
+}
+
+int composeTransparent(const Frame& frame, TRANSPARENT_HEADER& header)
+{
+    TextWriter out = frame.text();
+    if (const int status = transparentText(out, header))
+        return status;
+    return out.overflowed() ? ZEL_ERR_BUFFER_SMALL : finishFrame(frame, out, 0);
 }
 
 // One message on its way out.
@@ -175,8 +171,8 @@ int ZelProtocolMessageBufCompose(Envelope& message, TextWriter& out, size_t body
     return status;
 }
 
-// Composes into `out`; 0, or the status of the family.
-int composeText(Envelope& message, TextWriter& out, size_t bodyBuffer)
+// Appends the text; 0, or the status of the family, which is logged.
+int appendText(Envelope& message, TextWriter& out, size_t bodyBuffer)
 {
     const int status = ZelProtocolMessageBufCompose(message, out, bodyBuffer);
     if (status != 0) {
@@ -184,8 +180,15 @@ int composeText(Envelope& message, TextWriter& out, size_t bodyBuffer)
         ZelProtocolLogError("Msgtype:%.*s Msg_code:%.*s Msg_flag:%.*s Compose failed, nRet : %d\n",
                             printedLength(message.type), message.type.data(), printedLength(message.code),
                             message.code.data(), printedLength(flag), flag.data(), status);
-        return status;
     }
+    return status;
+}
+
+// The same, and tells of it.
+int composeText(Envelope& message, TextWriter& out, size_t bodyBuffer)
+{
+    if (const int status = appendText(message, out, bodyBuffer))
+        return status;
     const int length = static_cast<int>(out.length());
     ZelProtocolLogInfo("ZelProtocolMessageBufCompose put msglen:%d msgbuf:%.*s \n", length,
                        static_cast<int>(out.kept()), out.begin);
@@ -212,15 +215,45 @@ int composeFramed(Envelope& message, const Frame& frame, size_t bodyBuffer)
         return status;
     if (out.overflowed())
         return ZEL_ERR_BUFFER_SMALL;
-    const int payload = ZelProtocolMessageEncryption(frame, out);
-    if (payload < 0)
-        return failedEncryption(payload);
-    const uint32_t announced = static_cast<uint32_t>(message.extraLength) + static_cast<uint32_t>(payload);
-    putLength(frame.buffer, announced);
-    const int result = payload + static_cast<int>(kHeadSize);
+    const auto extraLength = static_cast<uint32_t>(message.extraLength);
+    const int result = finishFrame(frame, out, extraLength);
+    if (result < 0)
+        return result;
     ZelProtocolLogInfo("put buf len : %d\n", result);
-    ZelProtocolLogInfo("Msg HeadInfo len : %d\n", static_cast<int>(announced));
+    ZelProtocolLogInfo("Msg HeadInfo len : %d\n",
+                       static_cast<int>(static_cast<uint32_t>(result) - kHeadSize + extraLength));
     return result;
+}
+
+Envelope envelope(const ZEL_PROTOCOL_HEADER& header, const void* record, int kind)
+{
+    const std::string_view type = textOf(header.Msg_type);
+    const std::string_view code = textOf(header.Msg_code);
+    return {header, type, code, findFamily(type, code), record, kind, 0};
+}
+
+bool isTransparent(const Envelope& message)
+{
+    return message.type == "TRANSPARENT_CHANNEL_MSG" && message.record;
+}
+
+// The library only reads a record that it writes out.
+TRANSPARENT_HEADER& transparentRecord(const Envelope& message)
+{
+    return *static_cast<TRANSPARENT_HEADER*>(const_cast<void*>(message.record));
+}
+
+bool isBare(const Envelope& message)
+{
+    return message.type == "IPC_REPAIR_MESSAGE" || (message.family && message.family->isBare);
+}
+
+// The least buffer for a text of `length` bytes.
+size_t leastBuffer(size_t length, bool bare, bool enciphered)
+{
+    if (bare)
+        return length < kLeastBodyBuffer ? length : length + 1;
+    return enciphered ? 2 * (length + 4) + 1 : length + kHeadSize + 1;
 }
 
 } // namespace
@@ -235,14 +268,28 @@ int ZelProtocolXMLCompose(const ZEL_PROTOCOL_HEADER* header, const void* record,
         return ZEL_ERR_BAD_PARAM;
     const auto size = static_cast<size_t>(outLen);
     const Frame frame{iCodecMode, iCodecArg, outBuf, size};
-    const std::string_view type = textOf(header->Msg_type);
-    const std::string_view code = textOf(header->Msg_code);
-    if (type == "TRANSPARENT_CHANNEL_MSG" && record)
-        return composeTransparent(frame, *static_cast<TRANSPARENT_HEADER*>(const_cast<void*>(record)));
+    Envelope message = envelope(*header, record, kind);
+    if (isTransparent(message))
+        return composeTransparent(frame, transparentRecord(message));
 
     const size_t bodyBuffer = size > kLeastBodyBuffer ? size : kLeastBodyBuffer;
-    Envelope message{*header, type, code, findFamily(type, code), record, kind, 0};
-    if (type == "IPC_REPAIR_MESSAGE" || (message.family && message.family->isBare))
-        return composeBare(message, outBuf, size, bodyBuffer);
-    return composeFramed(message, frame, bodyBuffer);
+    return isBare(message) ? composeBare(message, outBuf, size, bodyBuffer)
+                           : composeFramed(message, frame, bodyBuffer);
+}
+
+int ZelProtocolXMLComposeSize(const ZEL_PROTOCOL_HEADER* header, const void* record, int kind, int iCodecMode)
+{
+    using namespace zel;
+    if (!header)
+        return ZEL_ERR_BAD_PARAM;
+    Envelope message = envelope(*header, record, kind);
+    char none;
+    TextWriter out(&none, 0);
+    const int status = isTransparent(message)
+                           ? transparentText(out, transparentRecord(message))
+                           : appendText(message, out, SIZE_MAX);
+    if (status != 0)
+        return status;
+    const size_t size = leastBuffer(out.length(), isBare(message), iCodecMode >= 0);
+    return size <= INT_MAX ? static_cast<int>(size) : ZEL_ERR_BUFFER_SMALL;
 }

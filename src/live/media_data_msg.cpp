@@ -304,7 +304,7 @@ int analyseIntercom(const MessageRow& row, Message& message, void** result)
     const int32_t dataLength = announcedLength(body);
     const auto textSize = static_cast<int>(message.text.size());
     const auto endCode = static_cast<int>(kEndCodeSize);
-    if (int64_t{textSize} + endCode + dataLength != message.sourceLength) {
+    if (message.sourceLength < 0 || int64_t{textSize} + endCode + dataLength != message.sourceLength) {
         ZelProtocolLogError("%s date size error : xmllen(%d) datalen(%d) endcode(%d) all(%d)\n",
                             row.leaf.name, textSize, dataLength, endCode, message.sourceLength);
         return ZEL_ERR_BAD_CONTENT;
@@ -431,6 +431,6 @@ int MediaDataMessageAnalysis(const char* text, const char* code, int srcLen, voi
         return zel::emptyParam(zel::kMediaDataFamily.name);
     const auto received = static_cast<size_t>(srcLen);
     const size_t length = srcLen > 0 ? strnlen(text, received) : strlen(text);
-    zel::Message message({text, length}, srcLen > 0 ? received : length, srcLen);
+    zel::Message message({text, length}, srcLen > 0 ? received : length, srcLen > 0 ? srcLen : -1);
     return zel::kMediaDataFamily.analyse(zel::kMediaDataFamily, message, code, result);
 }

@@ -18,7 +18,8 @@ int main(void)
     strcpy(login.Password, "secret");
 
     char frame[4096];
-    int length = ZelProtocolXMLCompose(&header, &login, 0, -1, NULL, frame, (int)sizeof frame);
+    int length = ZelProtocolXMLCompose(&header, &login, ZEL_KIND_REQUEST, ZEL_CODEC_PLAIN, NULL, frame,
+                                       (int)sizeof frame);
     if (length <= 8) {
         fprintf(stderr, "compose: %d\n", length);
         return 1;

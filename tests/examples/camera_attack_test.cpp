@@ -116,7 +116,7 @@ protected:
         SYSTEM_SEARCHIPC_1_PARAM record;
         SYSTEM_SEARCHIPC_1_PARAM_init(&record);
         Cipher plain;
-        const Composed request = composeMessage(makeHeader(kSearch, "1"), &record, kRequest, plain);
+        const Composed request = composeMessage(makeHeader(kSearch, "1"), &record, ZEL_KIND_REQUEST, plain);
         std::uint16_t port = 0;
         const Socket socket = datagramsOn(port);
         sendDatagram(socket, loopbackAddress(searchPort_), request.bytes.data(), request.bytes.size());
@@ -194,7 +194,7 @@ TEST_F(CameraUnderAttack, AReaderThatIsSlowHoldsNobodyUp)
         wanted.StartPos = 0;
         wanted.ErrorCode = 0;
         const Composed request =
-            composeMessage(requestHeader(greedy, kMediaData, "2"), &wanted, kResponse, greedy.cipher);
+            composeMessage(requestHeader(greedy, kMediaData, "2"), &wanted, ZEL_KIND_RESPONSE, greedy.cipher);
         ASSERT_EQ(request.status, 0);
         std::vector<char> requests;
         for (int i = 0; i < 100; ++i)
@@ -263,9 +263,9 @@ TEST(SendQueue, HasABoundAndADeadlineForEachMessage)
 std::vector<char> frameOf(std::string text, Cipher& cipher)
 {
     Composed message;
-    message.bytes.resize(kFrameHeadBytes);
+    message.bytes.resize(ZEL_FRAME_HEAD_SIZE);
     message.bytes.insert(message.bytes.end(), text.begin(), text.end());
-    putFrameHead(message.bytes.data(), false, static_cast<std::uint32_t>(text.size()));
+    ZelProtocolFrameHeadWrite(message.bytes.data(), ZEL_FRAME_PLAIN, static_cast<std::uint32_t>(text.size()));
     if (cipher.mode >= 0)
         encipherFrame(message, cipher);
     return message.bytes;
@@ -315,7 +315,7 @@ TEST_F(CameraUnderAttack, BareTextsInTransparentMessagesAreRefused)
     setField(outer.Session_ID, fieldText(recordOf<USER_AUTH_CMD_USER_AUTH_PARAM>(login).Sessionid));
     ASSERT_TRUE(wrapMessage(outer, inner));
     ASSERT_TRUE(sendMessage(client.link,
-                            composeMessage(makeHeader(kTransparent, ""), &outer, kRequest, client.cipher)));
+                            composeMessage(makeHeader(kTransparent, ""), &outer, ZEL_KIND_REQUEST, client.cipher)));
     Received answer;
     receiveMessage(client.link, client.cipher, answer);
     EXPECT_TRUE(hasType(answer, kTransparent) && hasFlag(answer, kFail));
@@ -350,8 +350,8 @@ TEST_F(CameraUnderAttack, OnlyALoginKeepsAPlace)
     Client talker = clientOf();
     Client dripper = clientOf();
     const Clock::time_point begin = Clock::now();
-    std::vector<char> head(kFrameHeadBytes);
-    putFrameHead(head.data(), false, kMaxPayloadOfStranger);
+    std::vector<char> head(ZEL_FRAME_HEAD_SIZE);
+    ZelProtocolFrameHeadWrite(head.data(), ZEL_FRAME_PLAIN, kMaxPayloadOfStranger);
     ASSERT_TRUE(sendAll(dripper.link.socket, head.data(), head.size()));
     milliseconds talkerGone = 0ms;
     milliseconds dripperGone = 0ms;
@@ -368,7 +368,7 @@ TEST_F(CameraUnderAttack, OnlyALoginKeepsAPlace)
     }
 
     // Nor does the camera wait for a long message of a stranger.
-    putFrameHead(head.data(), false, kMaxPayloadOfStranger + 1);
+    ZelProtocolFrameHeadWrite(head.data(), ZEL_FRAME_PLAIN, kMaxPayloadOfStranger + 1);
     const Client liar = clientOf();
     ASSERT_TRUE(sendAll(liar.link.socket, head.data(), head.size()));
     EXPECT_LT(untilClosed(liar.link.socket, kPromptly), kPromptly);
@@ -403,7 +403,7 @@ TEST_F(CameraUnderAttack, AFloodOfSearchesIsAnsweredAtABoundedRate)
     SYSTEM_SEARCHIPC_1_PARAM record;
     SYSTEM_SEARCHIPC_1_PARAM_init(&record);
     Cipher plain;
-    const Composed request = composeMessage(makeHeader(kSearch, "1"), &record, kRequest, plain);
+    const Composed request = composeMessage(makeHeader(kSearch, "1"), &record, ZEL_KIND_REQUEST, plain);
     const Socket victim = datagramsFrom(INADDR_LOOPBACK);
     const Socket bystander = datagramsFrom(INADDR_LOOPBACK + 1);
     const auto search = [&](const Socket& socket) {

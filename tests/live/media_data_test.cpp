@@ -2,6 +2,8 @@
 #include <climits>
 
 #include "support/wire.h"
+#include "zel_platform/codec.h"
+#include "zel_platform/default_layer.h"
 
 using namespace test;
 
@@ -264,6 +266,51 @@ TEST(MediaData, IntercomLengthsAddUp)
     EXPECT_EQ(received("3", "<POS StartPos=\"1\"/>", "123").result, 0);
     EXPECT_EQ(received("3", "<POS StartPos=\"1\"/>", kEndCode).result, ZEL_ERR_BAD_CONTENT);
     EXPECT_EQ(received("3", "<POS DataLen=\"2147483647\"/>", kEndCode).result, ZEL_ERR_BAD_CONTENT);
+}
+
+// With an unknown length nothing adds up, whatever is announced.
+TEST(MediaData, IntercomNeedsTheReceivedLength)
+{
+    const auto textOf = [](int dataLen) {
+        return envelope(kType, "3", "<POS DataLen=\"" + std::to_string(dataLen) + "\"/>");
+    };
+    const int size = static_cast<int>(textOf(-999).size()); // of every length of three digits
+    for (const int srcLen : {0, -1, -50}) {
+        void* result = nullptr;
+        const std::string text = textOf(srcLen - 4 - size);
+        ASSERT_EQ(static_cast<int>(text.size()), size);
+        EXPECT_EQ(MediaDataMessageAnalysis(text.c_str(), "3", srcLen, &result), ZEL_ERR_BAD_CONTENT)
+            << srcLen;
+        EXPECT_EQ(result, nullptr);
+    }
+}
+
+// Text and data enciphered as one, as frame.h tells.
+TEST(MediaData, DataUnderACipher)
+{
+    ZEL_PLATFORM_KEY key{};
+    const auto enciphered = [&](const std::string& plain) {
+        std::string bytes(plain.size() + 64, '\0');
+        const int size = ZelProtocolEncode(1, plain.data(), static_cast<int>(plain.size()), bytes.data(),
+                                           static_cast<int>(bytes.size()), &key);
+        bytes.resize(static_cast<size_t>(std::max(size, 0)));
+        return bytes;
+    };
+    const std::string body = "<POS StartPos='1' DataLen='5'/>";
+    const std::string upload = envelope(kType, "1", wire(body));
+    auto expected = fresh(MEDIA_DATA_1_PARAM_init);
+    expected.StartPos = 1;
+    expected.DataLen = 5;
+    expectRecord(analyse(enciphered(upload + kBehind), 1, &key), expected, "12345");
+    EXPECT_EQ(analyse(enciphered(upload) + kBehind, 1, &key).result, ZEL_ERR_CODEC);
+
+    const std::string intercom = envelope(kType, "3", wire(body)) + kBehind;
+    const std::string payload = enciphered(intercom);
+    EXPECT_EQ(analyse(payload, 1, &key).result, ZEL_ERR_BAD_CONTENT);
+    std::string opened(payload.size(), '\0');
+    const int size = ZelProtocolDecode(1, payload.data(), static_cast<int>(payload.size()), opened.data(),
+                                       static_cast<int>(opened.size()), &key);
+    EXPECT_EQ(analyse(opened.substr(0, static_cast<size_t>(size))).result, 0);
 }
 
 TEST(MediaData, MissingElements)

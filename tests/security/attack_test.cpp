@@ -614,7 +614,7 @@ TEST_F(Attack, WorkMemoryOnTheStackHasItsSize)
                                     mode > 0 ? &key : nullptr)
                           .result,
                       0);
-            EXPECT_EQ(memory().bytes, outLen == 4096 ? 0U : 2U * static_cast<size_t>(outLen));
+            EXPECT_EQ(memory().requested, outLen == 4096 ? 0U : 2U * static_cast<size_t>(outLen));
         }
 }
 
@@ -622,8 +622,8 @@ TEST_F(Attack, WorkMemoryOnTheStackHasItsSize)
 
 std::string frameOf(uint32_t length, const std::string& payload)
 {
-    std::string frame(demo::kFrameHeadBytes, '\0');
-    demo::putFrameHead(frame.data(), false, length);
+    std::string frame(ZEL_FRAME_HEAD_SIZE, '\0');
+    ZelProtocolFrameHeadWrite(frame.data(), ZEL_FRAME_PLAIN, length);
     return frame + payload;
 }
 
@@ -653,7 +653,7 @@ TEST_F(Attack, FramesWhoseLengthLies)
     const std::string rest(demo::kMaxPayloadBytes, 'x');
     demo::addReceived(reader, rest.data(), rest.size());
     EXPECT_EQ(demo::nextFrame(reader, frame), demo::FrameState::Complete);
-    EXPECT_EQ(frame.payloadBytes, static_cast<int>(demo::kMaxPayloadBytes));
+    EXPECT_EQ(frame.payloadBytes, demo::kMaxPayloadBytes);
     EXPECT_EQ(demo::waitingBytes(reader), strlen("payload"));
 
     // A length that cuts the text short, or reaches into the next frame, makes no valid message.

@@ -101,6 +101,7 @@ void* takeBlock(size_t size)
 {
     Memory& taken = memory();
     void* const block = malloc(size);
+    taken.requested += size;
     taken.inUse += malloc_usable_size(block);
     taken.bytes = std::max(taken.bytes, taken.inUse);
     return block;

@@ -12,6 +12,7 @@ struct Memory
 {
     size_t bytes = 0;       // in use at once, at most, since the last reset
     size_t inUse = 0;
+    size_t requested = 0;   // in all blocks together
     int blocks = 0;         // of the library
     int libraryBlocks = -1; // that still succeed; below zero: all
     int readerBlocks = -1;  // of the XML reader, likewise
