@@ -7,10 +7,25 @@
 #define ZEL_PROTOCOL_SYSTEM_CONFIG_H
 
 #include "zel_protocol/core.h"
+#include "zel_protocol/system_config_alarm.h"
+#include "zel_protocol/system_config_algorithm.h"
+#include "zel_protocol/system_config_audio.h"
 #include "zel_protocol/system_config_channel.h"
+#include "zel_protocol/system_config_detection.h"
+#include "zel_protocol/system_config_encode.h"
+#include "zel_protocol/system_config_face.h"
+#include "zel_protocol/system_config_general.h"
 #include "zel_protocol/system_config_intelligent.h"
 #include "zel_protocol/system_config_ipc.h"
+#include "zel_protocol/system_config_light.h"
 #include "zel_protocol/system_config_media.h"
+#include "zel_protocol/system_config_network.h"
+#include "zel_protocol/system_config_osd.h"
+#include "zel_protocol/system_config_plate.h"
+#include "zel_protocol/system_config_recorder.h"
+#include "zel_protocol/system_config_scene.h"
+#include "zel_protocol/system_config_smart.h"
+#include "zel_protocol/system_config_video.h"
 
 #ifdef __cplusplus
 extern "C" {

@@ -2,7 +2,7 @@
 #ifndef ZEL_ANALYTICS_SMART_RULE_LIST_H
 #define ZEL_ANALYTICS_SMART_RULE_LIST_H
 
-#include "core/side.h"
+#include "core/attributes.h"
 #include "zel_protocol/smart_rule.h"
 
 namespace zel {
@@ -18,8 +18,49 @@ enum class Defaults
 void ruleResolution(Side& side, SMART_RULE_PARAM& rule);
 
 void ruleDetection(Side& side, SMART_RULE_PARAM& rule, Defaults defaults);
-void ruleLight(Side& side, SMART_RULE_PARAM& rule, Defaults defaults);
-void ruleAudio(Side& side, SMART_RULE_PARAM& rule, Defaults defaults);
+
+// Other records have some of the fields too.
+template <class Rule>
+void ruleSensitivity(Side& side, Rule& rule, Defaults defaults)
+{
+    attribute(side, "DetectionSens", rule.DetectionSens);
+    if (defaults == Defaults::kWith) {
+        attribute(side, "DefDetectionSens", rule.DefDetectionSens);
+        rangeAttribute(side, "DefDetectionSensRange", rule.DefDetectionSensRange);
+    }
+}
+
+template <class Rule>
+void ruleLight(Side& side, Rule& rule, Defaults defaults)
+{
+    attribute(side, "LightAlarmEnable", rule.LightAlarmEnable);
+    if (defaults == Defaults::kWith)
+        attribute(side, "DefLightAlarmEnable", rule.DefLightAlarmEnable);
+    attribute(side, "Lightduration", rule.Lightduration);
+    if (defaults == Defaults::kWith) {
+        attribute(side, "DefLightduration", rule.DefLightduration);
+        rangeAttribute(side, "DefLightdurationRange", rule.DefLightdurationRange);
+    }
+    attribute(side, "LightScheduleMode", rule.LightScheduleMode);
+    if (defaults == Defaults::kWith)
+        attribute(side, "DefLightScheduleMode", rule.DefLightScheduleMode);
+}
+
+template <class Rule>
+void ruleAudio(Side& side, Rule& rule, Defaults defaults)
+{
+    attribute(side, "AudioAlarmEnable", rule.AudioAlarmEnable);
+    if (defaults == Defaults::kWith)
+        attribute(side, "DefAudioAlarmEnable", rule.DefAudioAlarmEnable);
+    attribute(side, "AudioAlarmTimes", rule.AudioAlarmTimes);
+    if (defaults == Defaults::kWith) {
+        attribute(side, "DefAudioAlarmTimes", rule.DefAudioAlarmTimes);
+        rangeAttribute(side, "DefAudioAlarmTimesRange", rule.DefAudioAlarmTimesRange);
+    }
+    attribute(side, "AudioScheduleMode", rule.AudioScheduleMode);
+    if (defaults == Defaults::kWith)
+        attribute(side, "DefAudioScheduleMode", rule.DefAudioScheduleMode);
+}
 
 } // namespace zel
 

@@ -382,6 +382,14 @@ void signedAttribute(Side& side, Name name, uint64_t& field)
     });
 }
 
+void signedAttributeIfSet(Side& side, Name name, uint32_t& field)
+{
+    if (!isText(side))
+        readOrSeeNumber(side, name, field, ZEL_FORM_SIGNED, kSkipped);
+    else if (isSet(field))
+        signedAttribute(side, name, field);
+}
+
 void signedAttributeIfSet(Side& side, Name name, uint64_t& field)
 {
     if (!isText(side))

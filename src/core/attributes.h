@@ -120,6 +120,7 @@ void wholeFieldAttribute(Side& side, Name name, char (&field)[Size])
     wholeTextAttribute(side, name, field, Size);
 }
 
+void signedAttributeIfSet(Side& side, Name name, uint32_t& field);
 void signedAttributeIfSet(Side& side, Name name, uint64_t& field);
 void hexAttributeIfSet(Side& side, Name name, int32_t& field);
 void atoiAttributeIfSet(Side& side, Name name, int32_t& field);

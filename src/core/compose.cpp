@@ -245,7 +245,7 @@ TRANSPARENT_HEADER& transparentRecord(const Envelope& message)
 
 bool isBare(const Envelope& message)
 {
-    return message.type == "IPC_REPAIR_MESSAGE" || (message.family && message.family->isBare);
+    return message.family && message.family->isBare;
 }
 
 // The least buffer for a text of `length` bytes.
@@ -285,9 +285,8 @@ int ZelProtocolXMLComposeSize(const ZEL_PROTOCOL_HEADER* header, const void* rec
     Envelope message = envelope(*header, record, kind);
     char none;
     TextWriter out(&none, 0);
-    const int status = isTransparent(message)
-                           ? transparentText(out, transparentRecord(message))
-                           : appendText(message, out, SIZE_MAX);
+    const int status = isTransparent(message) ? transparentText(out, transparentRecord(message))
+                                              : appendText(message, out, SIZE_MAX);
     if (status != 0)
         return status;
     const size_t size = leastBuffer(out.length(), isBare(message), iCodecMode >= 0);

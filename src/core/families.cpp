@@ -7,7 +7,8 @@ namespace {
 constexpr const Family* kAll[] = {
     &kHeartbeatFamily,   &kTransparentFamily,   &kUserAuthFamily,     &kSearchFamily,
     &kLiveStreamFamily,  &kMediaDataFamily,     &kNvrReplayFamily,    &kPtzControlFamily,
-    &kAlarmReportFamily, &kSystemControlFamily, &kSystemConfigFamily, &kDebugSwitchFamily,
+    &kAlarmReportFamily, &kSystemControlFamily, &kSystemConfigFamily, &kIotCameraFamily,
+    &kIpcRepairFamily,   &kNvrInternalFamily,   &kProduceTestFamily,  &kDebugSwitchFamily,
 };
 
 bool isOf(const Family& family, std::string_view type)

@@ -18,6 +18,10 @@ extern const Family kPtzControlFamily;
 extern const Family kAlarmReportFamily;
 extern const Family kSystemControlFamily;
 extern const Family kSystemConfigFamily;
+extern const Family kIotCameraFamily;
+extern const Family kIpcRepairFamily;
+extern const Family kNvrInternalFamily;
+extern const Family kProduceTestFamily;
 extern const Family kDebugSwitchFamily;
 
 // All of them, in the order in which a header's type is looked up.

@@ -82,6 +82,13 @@ void scanPeriods(std::string_view text, void* periods, size_t count)
     });
 }
 
+char* printCutPeriods(char* at, const void* items, size_t count)
+{
+    constexpr std::ptrdiff_t kLongestText = 255;
+    char* const end = printPeriods(at, items, count);
+    return end - at < kLongestText ? end : at + kLongestText;
+}
+
 char* printCoordinates(char* at, const void* items, size_t count)
 {
     const auto* const coordinates = static_cast<const COORDINATE*>(items);
@@ -140,6 +147,7 @@ static_assert(kPeriods * kLongestPeriod <= kLongestValue &&
               kCoordinates * kLongestCoordinate <= kLongestValue);
 
 constexpr ValueForm kPeriodList = {ZEL_FORM_PERIODS, kLongestPeriod, printPeriods, scanPeriods};
+constexpr ValueForm kCutPeriodList = {ZEL_FORM_PERIODS, kLongestPeriod, printCutPeriods, scanPeriods};
 constexpr ValueForm kCoordinateList = {ZEL_FORM_COORDINATES, kLongestCoordinate, printCoordinates,
                                        scanCoordinates};
 constexpr ValueForm kList = {ZEL_FORM_LIST, kLongestNumber + 1, printList, scanList};
@@ -150,6 +158,11 @@ constexpr ValueForm kJoinedList = {ZEL_FORM_JOINED_LIST, kLongestNumber + 1, pri
 void periodListAttribute(Side& side, Name name, TIME_PERIOD (&periods)[kPeriods], uint32_t count)
 {
     valueAttribute(side, name, kPeriodList, periods, sizeof periods, clampCount(count, kPeriods));
+}
+
+void cutPeriodListAttribute(Side& side, Name name, TIME_PERIOD (&periods)[kPeriods], uint32_t count)
+{
+    valueAttribute(side, name, kCutPeriodList, periods, sizeof periods, clampCount(count, kPeriods));
 }
 
 void coordinateListAttribute(Side& side, Name name, COORDINATE (&coordinates)[kCoordinates], uint32_t count)

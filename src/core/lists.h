@@ -19,6 +19,9 @@ constexpr size_t kCoordinates = 8;
 void periodListAttribute(Side& side, Name name, TIME_PERIOD (&periods)[kPeriods], uint32_t count);
 void coordinateListAttribute(Side& side, Name name, COORDINATE (&coordinates)[kCoordinates], uint32_t count);
 
+// The same, of which at most 255 bytes go out.
+void cutPeriodListAttribute(Side& side, Name name, TIME_PERIOD (&periods)[kPeriods], uint32_t count);
+
 // A period as two times of day.
 void periodAttributes(Side& side, Name startName, Name endName, TIME_PERIOD& period);
 

@@ -4,6 +4,7 @@
 
 #include "core/families.h"
 #include "core/raw_data.h"
+#include "events/face.h"
 #include "zel_platform/log.h"
 
 namespace zel {
@@ -63,10 +64,7 @@ void faceAttributes(Side& side, FaceInfo& face)
     attribute(side, "AlgVer", face.AlgVer);
     attribute(side, "uniqueIndex", face.uniqueIndex);
     signedAttribute(side, "absTime", face.absTime);
-    attribute(side, "faceQualityScore", face.faceQualityScore);
-    attribute(side, "HsvAreaScore", face.HsvAreaScore);
-    attribute(side, "BlurSMD", face.BlurSMD);
-    attribute(side, "ErrorCode", face.ErrorCode);
+    faceScores(side, face);
 }
 
 void animalAttributes(Side& side, AnimalInfo& animal)
@@ -222,13 +220,9 @@ int analyseAlarm(const MessageRow& row, Message& message, void** result)
         return missingElement(row.leaf, "ALARM_ITEM");
     const Found found = findExtension(item);
     std::string_view block;
-    if (found.type == kFace) {
-        TreeReader face(found.element);
-        uint8_t algorithmVersion = 0;
-        attribute(face, "AlgVer", algorithmVersion);
-        if (const int status = findFeatureBlock(message, row.leaf, algorithmVersion, block))
+    if (found.type == kFace)
+        if (const int status = findFaceFeatures(message, row.leaf, found.element, block))
             return status;
-    }
     if (!found.element)
         return giveRecord(result, found.row.record, place, found.row.parts[0].list);
     auto* const record =
@@ -237,8 +231,8 @@ int analyseAlarm(const MessageRow& row, Message& message, void** result)
         return ZEL_ERR_NO_MEMORY;
     found.row.parts[0].list(place, record);
     record->iExDataType = found.type;
-    if (!block.empty())
-        memcpy(static_cast<FaceInfo*>(record->pExData)->aucFeatureData, block.data(), block.size());
+    if (found.type == kFace)
+        setFaceFeatures(*static_cast<FaceInfo*>(record->pExData), block);
     *result = record;
     return 0;
 }

@@ -54,10 +54,12 @@ bool hasBody(const Sample& sample)
     return std::count(sample.entry.kinds.begin(), sample.entry.kinds.end(), sample.kind) != 0;
 }
 
-// The words of a scan are composed, but not among those that an analysis looks for.
+// The words of a scan are composed, but not among those that an analysis looks for; nor are the rows of one
+// answer.
 bool isAnalysed(const Sample& sample)
 {
-    return hasBody(sample) && sample.entry.word.rfind("Scan", 0) != 0;
+    return hasBody(sample) && sample.entry.word.rfind("Scan", 0) != 0 &&
+           (sample.entry.code != "3810" || sample.kind == 0);
 }
 
 size_t stepOf(size_t length)
@@ -134,8 +136,8 @@ TEST(Catalogue, BodiesByKind)
 TEST(Catalogue, FreshRecords)
 {
     for (const CatalogueEntry& entry : catalogue()) {
-        if (!entry.word.empty())
-            continue; // needs a command word
+        if (!entry.word.empty() || entry.type == "NVR_INTERNAL_MESSAGES")
+            continue; // needs a command word, the streams' numbers, a source
         for (const int kind : {0, 1}) {
             const Analysed analysed = analyse(sampleOf(entry, freshRecord(entry).data(), kind).text);
             EXPECT_TRUE(analysed.result == 0 || analysed.result == ZEL_ERR_NO_ELEMENT ||

@@ -426,8 +426,11 @@ TEST_F(Attack, NumbersAtTheLimitsInEveryMessage)
                 EXPECT_EQ(expected.count(analysed.result), 1U) << entry.name() << analysed.result;
                 if (analysed.result != 0 || !analysed.record)
                     continue;
-                EXPECT_GT(test::compose(header, analysed.record.get(), kind, 1 << 18).result, 0)
-                    << entry.name() << changed;
+                const int again = test::compose(header, analysed.record.get(), kind, 1 << 18).result;
+                // Of this one an empty source is read, but not written.
+                const bool isRefused =
+                    entry.record == "NVR_INTERNAL_4002_PARAM" && again == ZEL_ERR_BAD_PARAM;
+                EXPECT_TRUE(again > 0 || isRefused) << entry.name() << changed;
             }
         }
     }

@@ -30,6 +30,13 @@ using Complete = void (*)(void* record);
 
 // Records whose fields choose a form, and can't be any number.
 const std::map<std::string, Complete> kForms = {
+    {"NVR_INTERNAL_4001_PARAM",
+     [](void* record) {
+         as<NVR_INTERNAL_4001_PARAM>(record).stStream1.Stream = 1;
+         as<NVR_INTERNAL_4001_PARAM>(record).stStream2.Stream = 2;
+     }},
+    {"SYSTEM_CONFIG_GET_501_PARAM",
+     [](void* record) { as<SYSTEM_CONFIG_GET_501_PARAM>(record).iBlankForm = -1; }},
     {"SYSTEM_CONTROL_1020_PARAM",
      [](void* record) { as<SYSTEM_CONTROL_1020_PARAM>(record).bRemoteAuthority = 0; }},
     {"SYSTEM_CONTROL_1032_PARAM", [](void* record) { as<SYSTEM_CONTROL_1032_PARAM>(record).bSendIpc = 1; }},

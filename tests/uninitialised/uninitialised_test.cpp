@@ -145,6 +145,10 @@ void goRound(const CatalogueEntry& entry, const void* record, int kind, const Co
 // A record after its init alone; what an init is known to leave is set here.
 void initRecord(const CatalogueEntry& entry, void* record)
 {
+    // Their inits leave fields, which untouched_fields.txt names; the application sets those.
+    for (const char* const code : {"802", "820", "822", "1412", "1413", "2515", "2535"})
+        if (strcmp(entry.code, code) == 0)
+            memset(record, 0, entry.size);
     entry.init(record);
     if (strcmp(entry.code, "3801") == 0) {
         auto* const device = static_cast<SYSTEM_CONFIG_GET_3801_PARAM*>(record);
