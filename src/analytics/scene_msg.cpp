@@ -63,28 +63,14 @@ size_t alarmTypes(Side& side, Scene& scene)
 
 void light(Side& side, Scene& scene, Defaults defaults)
 {
-    attribute(side, "Lightduration", scene.Lightduration);
-    if (defaults == Defaults::kWith) {
-        attribute(side, "DefLightduration", scene.DefLightduration);
-        rangeAttribute(side, "DefLightdurationRange", scene.DefLightdurationRange);
-    }
-    attribute(side, "LightScheduleMode", scene.LightScheduleMode);
-    if (defaults == Defaults::kWith)
-        attribute(side, "DefLightScheduleMode", scene.DefLightScheduleMode);
+    lightSchedule(side, scene, defaults);
     attribute(side, "LightAlarmPeriodNum", scene.LightAlarmPeriodNum);
     periodListAttribute(side, "LightAlarmPeriod", scene.LightAlarmPeriod, scene.LightAlarmPeriodNum);
 }
 
 void audio(Side& side, Scene& scene, Defaults defaults)
 {
-    attribute(side, "AudioAlarmTimes", scene.AudioAlarmTimes);
-    if (defaults == Defaults::kWith) {
-        attribute(side, "DefAudioAlarmTimes", scene.DefAudioAlarmTimes);
-        rangeAttribute(side, "DefAudioAlarmTimesRange", scene.DefAudioAlarmTimesRange);
-    }
-    attribute(side, "AudioScheduleMode", scene.AudioScheduleMode);
-    if (defaults == Defaults::kWith)
-        attribute(side, "DefAudioScheduleMode", scene.DefAudioScheduleMode);
+    audioSchedule(side, scene, defaults);
     attribute(side, "AudioAlarmPeriodNum", scene.AudioAlarmPeriodNum);
     periodListAttribute(side, "AudioAlarmPeriod", scene.AudioAlarmPeriod, scene.AudioAlarmPeriodNum);
 }

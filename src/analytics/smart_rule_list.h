@@ -31,11 +31,8 @@ void ruleSensitivity(Side& side, Rule& rule, Defaults defaults)
 }
 
 template <class Rule>
-void ruleLight(Side& side, Rule& rule, Defaults defaults)
+void lightSchedule(Side& side, Rule& rule, Defaults defaults)
 {
-    attribute(side, "LightAlarmEnable", rule.LightAlarmEnable);
-    if (defaults == Defaults::kWith)
-        attribute(side, "DefLightAlarmEnable", rule.DefLightAlarmEnable);
     attribute(side, "Lightduration", rule.Lightduration);
     if (defaults == Defaults::kWith) {
         attribute(side, "DefLightduration", rule.DefLightduration);
@@ -47,11 +44,17 @@ void ruleLight(Side& side, Rule& rule, Defaults defaults)
 }
 
 template <class Rule>
-void ruleAudio(Side& side, Rule& rule, Defaults defaults)
+void ruleLight(Side& side, Rule& rule, Defaults defaults)
 {
-    attribute(side, "AudioAlarmEnable", rule.AudioAlarmEnable);
+    attribute(side, "LightAlarmEnable", rule.LightAlarmEnable);
     if (defaults == Defaults::kWith)
-        attribute(side, "DefAudioAlarmEnable", rule.DefAudioAlarmEnable);
+        attribute(side, "DefLightAlarmEnable", rule.DefLightAlarmEnable);
+    lightSchedule(side, rule, defaults);
+}
+
+template <class Rule>
+void audioSchedule(Side& side, Rule& rule, Defaults defaults)
+{
     attribute(side, "AudioAlarmTimes", rule.AudioAlarmTimes);
     if (defaults == Defaults::kWith) {
         attribute(side, "DefAudioAlarmTimes", rule.DefAudioAlarmTimes);
@@ -60,6 +63,15 @@ void ruleAudio(Side& side, Rule& rule, Defaults defaults)
     attribute(side, "AudioScheduleMode", rule.AudioScheduleMode);
     if (defaults == Defaults::kWith)
         attribute(side, "DefAudioScheduleMode", rule.DefAudioScheduleMode);
+}
+
+template <class Rule>
+void ruleAudio(Side& side, Rule& rule, Defaults defaults)
+{
+    attribute(side, "AudioAlarmEnable", rule.AudioAlarmEnable);
+    if (defaults == Defaults::kWith)
+        attribute(side, "DefAudioAlarmEnable", rule.DefAudioAlarmEnable);
+    audioSchedule(side, rule, defaults);
 }
 
 } // namespace zel
