@@ -8,13 +8,6 @@
 
 namespace zel {
 
-// A get and its set are one document but for a few places.
-enum class Form
-{
-    kGet,
-    kSet
-};
-
 // --- Capture -------------------------------------------------------------------------------------
 
 // Up to where the documents go on in an order of their own.

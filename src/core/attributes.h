@@ -44,6 +44,13 @@ bool isAnySet(const Fields&... fields)
     return (isSet(fields) || ...);
 }
 
+// A get and its set are one document but for a few places: defaults, lists of choices.
+enum class Form
+{
+    kGet,
+    kSet
+};
+
 // --- The type's own form -------------------------------------------------------------------------
 
 void attribute(Side& side, Name name, int32_t& field);

@@ -10,13 +10,6 @@ using LightConfig = IOT_CAMERA_1520_PARAM;
 using HumanDetection = IOT_CAMERA_1522_PARAM;
 using AlarmPeriod = IOT_CAMERA_ALARM_PERIOD;
 
-// A get carries the defaults of its settings, a set doesn't.
-enum class Form
-{
-    kGet,
-    kSet
-};
-
 // --- Attribute lists, for both directions --------------------------------------------------------
 
 void ageing(Side& side, IOT_CAMERA_1205_PARAM& record)

@@ -6,13 +6,6 @@ namespace zel {
 
 namespace {
 
-// What a get tells beyond what a set may change.
-enum class Form
-{
-    kGet,
-    kSet
-};
-
 // --- Attribute lists, for both directions --------------------------------------------------------
 
 void generalAttributes(Side& side, SYSTEM_CONFIG_GET_2500_PARAM& record, Form form)
