@@ -1,6 +1,7 @@
 #include "core/text_writer.h"
 
 #include <charconv>
+#include <cstdio>
 
 namespace zel {
 
@@ -80,8 +81,12 @@ char* printFloat(char* at, float value)
             at[i] = static_cast<char>('0' + rest % 10);
         return at + 6;
     }
-    // printf knows no float: it prints the double of the same value.
-    return std::to_chars(at, at + kLongestFloat, static_cast<double>(value), std::chars_format::fixed, 6).ptr;
+    // What remains are whole numbers and what is too small to show. Neither asks the locale for its point.
+    at += snprintf(at, kLongestFloat, "%.0f", static_cast<double>(value));
+    constexpr char kPlaces[] = ".000000";
+    const size_t places = exponent == 0xFF ? 0 : sizeof kPlaces - 1;
+    memcpy(at, kPlaces, places);
+    return at + places;
 }
 
 void appendNumber(TextWriter& out, int32_t value)

@@ -123,7 +123,7 @@ TEST(Catalogue, BodiesByKind)
         const bool empty = sample.text.find("<MESSAGE_BODY>\n</MESSAGE_BODY>") != std::string::npos;
         EXPECT_EQ(empty, !hasBody(sample)) << sample.entry.name() << sample.kind << sample.text;
         // Only the recorder's channel messages tell 0 from 2.
-        const std::string& code = sample.entry.code;
+        const std::string_view code = sample.entry.code;
         const bool zeroAlone = (code == "3801" || code == "3803" || code == "3804") && sample.kind == 0;
         EXPECT_EQ(sampleOf(sample.entry, fullRecord(sample.entry).data(), sample.kind + 2).text ==
                       sample.text,

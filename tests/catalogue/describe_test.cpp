@@ -13,6 +13,11 @@ using namespace test;
 
 namespace {
 
+std::string bodyOf(const CatalogueEntry& entry, const RecordBytes& record, int kind)
+{
+    return test::bodyOf(std::string(entry.type), std::string(entry.code), record.data(), kind);
+}
+
 // --- Fields of the public headers ----------------------------------------------------------------
 
 struct Field
@@ -132,8 +137,8 @@ TEST(Descriptions, WhatAFreshRecordLoses)
             RecordBytes fresh = freshRecord(entry);
             if (!entry.word.empty())
                 completeRecord(entry, fresh.data());
-            const std::string full = bodyOf(entry.type, entry.code, fullRecord(entry).data(), kind);
-            const std::string bare = bodyOf(entry.type, entry.code, fresh.data(), kind);
+            const std::string full = bodyOf(entry, fullRecord(entry), kind);
+            const std::string bare = bodyOf(entry, fresh, kind);
             const std::vector<std::string> kept = namesIn(bare);
             std::string line;
             for (const std::string& name : namesIn(full))
@@ -157,8 +162,7 @@ TEST(Descriptions, AgreeWithTheText)
                 if (seen.attribute && *seen.attribute && seen.direction != ZEL_ONLY_READ)
                     written.insert(seen.attribute);
             });
-            for (const std::string& name :
-                 namesIn(bodyOf(entry.type, entry.code, fullRecord(entry).data(), kind)))
+            for (const std::string& name : namesIn(bodyOf(entry, fullRecord(entry), kind)))
                 EXPECT_TRUE(written.count(name) || written.count(name.substr(0, name.find(' '))) ||
                             isdigit(static_cast<unsigned char>(name.back())))
                     << entry.name() << kind << " " << name;

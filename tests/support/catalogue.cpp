@@ -1,7 +1,6 @@
 #include "support/catalogue.h"
 
 #include <cstddef>
-#include <map>
 
 namespace test {
 
@@ -26,10 +25,14 @@ Record& as(void* record)
     return *static_cast<Record*>(record);
 }
 
-using Complete = void (*)(void* record);
+struct Form
+{
+    std::string_view record;
+    void (*choose)(void* record);
+};
 
 // Records whose fields choose a form, and can't be any number.
-const std::map<std::string, Complete> kForms = {
+constexpr Form kForms[] = {
     {"NVR_INTERNAL_4001_PARAM",
      [](void* record) {
          as<NVR_INTERNAL_4001_PARAM>(record).stStream1.Stream = 1;
@@ -62,24 +65,37 @@ void setPointer(const CatalogueEntry& entry, void* record, void* pointer)
 
 const std::vector<CatalogueEntry>& catalogue()
 {
+    // The texts stay here; the memory sanitizer doesn't know what a std::string writes.
+    static std::vector<ZEL_CATALOGUE_ENTRY> entries(static_cast<size_t>(ZelProtocolCatalogueCount()));
     static const std::vector<CatalogueEntry> all = [] {
         std::vector<CatalogueEntry> made;
-        for (int i = 0; i < ZelProtocolCatalogueCount(); ++i) {
-            ZEL_CATALOGUE_ENTRY entry;
-            ZelProtocolCatalogueEntry(i, &entry);
+        for (size_t i = 0; i < entries.size(); ++i) {
+            ZEL_CATALOGUE_ENTRY& entry = entries[i];
+            ZelProtocolCatalogueEntry(static_cast<int>(i), &entry);
             if (!entry.record || strcmp(entry.Msg_type, "TRANSPARENT_CHANNEL_MSG") == 0)
                 continue;
             std::vector<int> kinds;
             for (const int kind : {0, 1})
                 if ((entry.kinds >> kind & 1) != 0)
                     kinds.push_back(kind);
-            made.push_back({i, entry.Msg_type, entry.Msg_code, entry.word ? entry.word : "", entry.record,
-                            kinds, entry.record_size, entry.init, entry.pointer_at, entry.extension_size,
-                            entry.alarm_code, entry.behind, entry.is_bare != 0});
+            made.push_back({static_cast<int>(i), entry.Msg_type, entry.Msg_code, entry.word ? entry.word : "",
+                            entry.record, kinds, entry.record_size, entry.init, entry.pointer_at,
+                            entry.extension_size, entry.alarm_code, entry.behind, entry.is_bare != 0});
         }
         return made;
     }();
     return all;
+}
+
+bool initLeavesFields(std::string_view record)
+{
+    for (const std::string_view leaving :
+         {"SYSTEM_CONFIG_GET_1412_PARAM", "SYSTEM_CONFIG_SET_1413_PARAM", "SYSTEM_CONFIG_GET_2515_PARAM",
+          "SYSTEM_CONFIG_SET_2535_PARAM", "SYSTEM_CONFIG_GET_802_PARAM", "SYSTEM_CONFIG_SET_820_PARAM",
+          "SYSTEM_CONFIG_SET_822_PARAM"})
+        if (record == leaving)
+            return true;
+    return false;
 }
 
 RecordBytes freshRecord(const CatalogueEntry& entry)
@@ -99,7 +115,7 @@ void completeRecord(const CatalogueEntry& entry, void* record)
         auto& command = as<PTZ_CONTROL_PTZ_CMD_PARAM>(record);
         command.channelid = 3;
         memset(command.cmd, 0, sizeof command.cmd);
-        strncpy(command.cmd, entry.word.c_str(), sizeof command.cmd - 1);
+        strncpy(command.cmd, entry.word.data(), sizeof command.cmd - 1);
     }
     if (entry.type == "ALARM_REPORT_MESSAGE") {
         auto& alarm = as<ALARM_REPORT_CMD_RPEORT_ALARM_PARAM>(record);
@@ -107,9 +123,9 @@ void completeRecord(const CatalogueEntry& entry, void* record)
         if (entry.alarmCode == -1)
             alarm.pExData = nullptr;
     }
-    const auto form = kForms.find(entry.record);
-    if (form != kForms.end())
-        form->second(record);
+    for (const Form& form : kForms)
+        if (form.record == entry.record)
+            form.choose(record);
 }
 
 RecordBytes fullRecord(const CatalogueEntry& entry)
@@ -124,8 +140,8 @@ ZEL_PROTOCOL_HEADER catalogueHeader(const CatalogueEntry& entry)
 {
     ZEL_PROTOCOL_HEADER header;
     ZEL_PROTOCOL_HEADER_init(&header);
-    strncpy(header.Msg_type, entry.type.c_str(), sizeof header.Msg_type - 1);
-    strncpy(header.Msg_code, entry.code.c_str(), sizeof header.Msg_code - 1);
+    strncpy(header.Msg_type, entry.type.data(), sizeof header.Msg_type - 1);
+    strncpy(header.Msg_code, entry.code.data(), sizeof header.Msg_code - 1);
     return header;
 }
 

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "zel_protocol/zel_protocol.h"
@@ -15,10 +16,10 @@ namespace test {
 struct CatalogueEntry
 {
     int index; // in the library's catalogue
-    std::string type;
-    std::string code;
-    std::string word; // empty: none
-    std::string record;
+    std::string_view type;
+    std::string_view code;
+    std::string_view word; // empty: none
+    std::string_view record;
     std::vector<int> kinds; // of 0 and 1: those with a body
     size_t size;            // of the record
     int (*init)(void* record);
@@ -30,8 +31,13 @@ struct CatalogueEntry
 
     std::string name() const
     {
-        return type + " " + code + (word.empty() ? "" : " " + word) +
-               (alarmCode == -1 ? "" : " " + std::to_string(alarmCode));
+        std::string all(type);
+        all.append(" ").append(code);
+        if (!word.empty())
+            all.append(" ").append(word);
+        if (alarmCode != -1)
+            all.append(" ").append(std::to_string(alarmCode));
+        return all;
     }
     bool isBare() const
     {
@@ -44,6 +50,9 @@ const std::vector<CatalogueEntry>& catalogue();
 
 // A record's bytes, aligned as a block from malloc is.
 using RecordBytes = std::vector<long double>;
+
+// Whether an init leaves fields here and there, which untouched_fields.txt names one by one.
+bool initLeavesFields(std::string_view record);
 
 RecordBytes freshRecord(const CatalogueEntry& entry);
 

@@ -145,18 +145,15 @@ void goRound(const CatalogueEntry& entry, const void* record, int kind, const Co
 // A record after its init alone; what an init is known to leave is set here.
 void initRecord(const CatalogueEntry& entry, void* record)
 {
-    // Their inits leave fields, which untouched_fields.txt names; the application sets those.
-    for (const char* const code : {"802", "820", "822", "1412", "1413", "2515", "2535"})
-        if (strcmp(entry.code, code) == 0)
-            memset(record, 0, entry.size);
+    if (initLeavesFields(entry.record))
+        memset(record, 0, entry.size);
     entry.init(record);
-    if (strcmp(entry.code, "3801") == 0) {
+    if (entry.code == "3801") {
         auto* const device = static_cast<SYSTEM_CONFIG_GET_3801_PARAM*>(record);
         device->DevSubType = -1;
         device->Feature = UINT64_MAX;
     }
-    if (entry.complete)
-        entry.complete(record);
+    completeRecord(entry, record);
 }
 
 // The log reads its arguments too; the reports go where they can be read.
