@@ -1,7 +1,7 @@
 /**
- * Device search: family "SYSTEM_SEARCHIPC_MESSAGE". The code is decimal text. All its messages go out as bare
- * text, without a frame and never enciphered, and have one form for all kinds: the code tells who asks and
- * who answers, and no field belongs to one kind alone.
+ * Device search, change of addresses, time: family "SYSTEM_SEARCHIPC_MESSAGE". The code is decimal text. All
+ * its messages go out as bare text, without a frame and never enciphered, and have one form for all kinds:
+ * the code tells who asks and who answers, and no field belongs to one kind alone.
  *
  * Codes 9, 10, 11 and 20 have neither a body nor a record.
  */
@@ -104,9 +104,64 @@ typedef struct SYSTEM_SEARCHIPC_21_PARAM
     SYSTEM_SEARCHIPC_LAN_CONFIG stLan;     /**< without DEV */
 } SYSTEM_SEARCHIPC_21_PARAM;
 
+/**
+ * 2: changes the network settings of the device with that serial number. stLan goes without MTU and DEV, and
+ * stStream without RTSPClientNumber and RTPPacketSize; neither are those read.
+ */
+typedef struct SYSTEM_SEARCHIPC_2_PARAM
+{
+    int32_t AllNetConnectEnable; /**< 0 off, 1 on; goes with stLan, and not without it */
+    char SerialNumber[32];       /**< written even when empty */
+    char DevID[32];              /**< not written when empty */
+    char VendorId[40];           /**< not written when empty */
+    SYSTEM_SEARCHIPC_STREAM_ACCESS stStream;
+    SYSTEM_SEARCHIPC_LAN_CONFIG stLan; /**< written if it has an IPAddress */
+} SYSTEM_SEARCHIPC_2_PARAM;
+
+/** 5: as 2. */
+typedef SYSTEM_SEARCHIPC_2_PARAM SYSTEM_SEARCHIPC_5_PARAM;
+
+/** 4: restores the configuration of the device with that serial number. */
+typedef struct SYSTEM_SEARCHIPC_4_PARAM
+{
+    char SerialNumber[32]; /**< written even when empty */
+} SYSTEM_SEARCHIPC_4_PARAM;
+
+/* 6, 8: as 4. */
+typedef SYSTEM_SEARCHIPC_4_PARAM SYSTEM_SEARCHIPC_6_PARAM;
+typedef SYSTEM_SEARCHIPC_4_PARAM SYSTEM_SEARCHIPC_8_PARAM;
+
+/** 7: a device tells of itself to everybody. */
+typedef struct SYSTEM_SEARCHIPC_7_PARAM
+{
+    char SerialNumber[32]; /**< this and the next two are written even when empty, the rest not */
+    char ipaddr[32];
+    char randStr[32]; /**< a random text of the device's */
+    char IPList[256];
+    char SerialNumberBrother[32]; /**< of another device that belongs to it, as what follows */
+    char ipaddrBrother[32];
+    char randStrBrother[32];
+} SYSTEM_SEARCHIPC_7_PARAM;
+
+/** 101: the time. All of it is written absent or not, and TimeConfig has to be there on the way in. */
+typedef struct SYSTEM_SEARCHIPC_101_PARAM
+{
+    int32_t Enable; /**< 0 off, 1 on */
+    int32_t Timezone;
+    char Format[256]; /**< form of the time */
+    char Time[256];
+} SYSTEM_SEARCHIPC_101_PARAM;
+
 ZEL_API int SYSTEM_SEARCHIPC_1_PARAM_init(SYSTEM_SEARCHIPC_1_PARAM* param);
+ZEL_API int SYSTEM_SEARCHIPC_2_PARAM_init(SYSTEM_SEARCHIPC_2_PARAM* param);
 ZEL_API int SYSTEM_SEARCHIPC_3_PARAM_init(SYSTEM_SEARCHIPC_3_PARAM* param);
+ZEL_API int SYSTEM_SEARCHIPC_4_PARAM_init(SYSTEM_SEARCHIPC_4_PARAM* param);
+ZEL_API int SYSTEM_SEARCHIPC_5_PARAM_init(SYSTEM_SEARCHIPC_5_PARAM* param);
+ZEL_API int SYSTEM_SEARCHIPC_6_PARAM_init(SYSTEM_SEARCHIPC_6_PARAM* param);
+ZEL_API int SYSTEM_SEARCHIPC_7_PARAM_init(SYSTEM_SEARCHIPC_7_PARAM* param);
+ZEL_API int SYSTEM_SEARCHIPC_8_PARAM_init(SYSTEM_SEARCHIPC_8_PARAM* param);
 ZEL_API int SYSTEM_SEARCHIPC_21_PARAM_init(SYSTEM_SEARCHIPC_21_PARAM* param);
+ZEL_API int SYSTEM_SEARCHIPC_101_PARAM_init(SYSTEM_SEARCHIPC_101_PARAM* param);
 
 /**
  * Composes the body alone, of the message that `code` names.
@@ -120,10 +175,14 @@ ZEL_API int SystemSearchipcMessageCompose(const void* record, int kind, const ch
 /** Analyses a text into the record of `code`; a code without a record leaves the result as it was. */
 ZEL_API int SystemSearchipcMessageAnalysis(const char* text, const char* code, void** result);
 
-/* Each analyses a text into the record of its code. */
+/* Each analyses a text into the record of its codes. */
 ZEL_API int SystemSearchipc_SearchRequest_MessageAnalysis(const char* text, void** result);
+ZEL_API int SystemSearchipc_ModifyIpBySn_MessageAnalysis(const char* text, void** result);
 ZEL_API int SystemSearchipc_SearchResponse_MessageAnalysis(const char* text, void** result);
+ZEL_API int SystemSearchipc_RestoreConfig_MessageAnalysis(const char* text, void** result);
+ZEL_API int SystemSearchipc_BroadcastDeviceInfo_MessageAnalysis(const char* text, void** result);
 ZEL_API int SystemSearchipc_SearchIotResponse_MessageAnalysis(const char* text, void** result);
+ZEL_API int SystemSearchipc_UDPSendTime_MessageAnalysis(const char* text, void** result);
 
 #ifdef __cplusplus
 }

@@ -6,6 +6,7 @@
 #define ZEL_PROTOCOL_SYSTEM_CONFIG_GENERAL_H
 
 #include "zel_protocol/core.h"
+#include "zel_protocol/device_report.h"
 
 #ifdef __cplusplus
 extern "C" {
@@ -91,16 +92,8 @@ typedef struct SYSTEM_CONFIG_GET_2515_PARAM
 /* 2535: sets Passwd, the only field that it writes and reads. Request only. */
 typedef SYSTEM_CONFIG_GET_2515_PARAM SYSTEM_CONFIG_SET_2535_PARAM;
 
-/** 2532: states of all channels. Response only. The texts aren't looked into; empty ones aren't written. */
-typedef struct SYSTEM_CONFIG_GET_2532_PARAM
-{
-    char Ipcs_stat[256];   /**< cameras */
-    char streamstat[256];  /**< streams */
-    char IpcAbility1[256]; /**< abilities of the cameras */
-    char IpcProtoCol[256]; /**< protocols of the cameras */
-    char ChnFeature[2048]; /**< features of the channels */
-    char ChnDevbind[2048]; /**< devices of the channels */
-} SYSTEM_CONFIG_GET_2532_PARAM;
+/* 2532: the states of all channels, as a device reports them too. Response only. */
+typedef DEVICE_REPORT_3900_PARAM SYSTEM_CONFIG_GET_2532_PARAM;
 
 ZEL_API int SYSTEM_CONFIG_GET_2500_PARAM_init(SYSTEM_CONFIG_GET_2500_PARAM* param);
 ZEL_API int SYSTEM_CONFIG_GET_2505_PARAM_init(SYSTEM_CONFIG_GET_2505_PARAM* param);

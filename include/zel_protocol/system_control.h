@@ -2,13 +2,17 @@
  * Control of a device: family "SYSTEM_CONTROL_MESSAGE". The code is decimal text.
  *
  * The codes 828, 1001, 1002, 1007, 1025, 1027, 1096, 1097, 1100, 3010, 3021, 3022, 5010 and 5011 have no
- * record: they go out without a body, and come in as a success without a result.
+ * record: they go out without a body, and come in as a success without a result. The records of the others
+ * are in the headers of the groups.
  */
 #ifndef ZEL_PROTOCOL_SYSTEM_CONTROL_H
 #define ZEL_PROTOCOL_SYSTEM_CONTROL_H
 
 #include "zel_protocol/core.h"
 #include "zel_protocol/system_control_identity.h"
+#include "zel_protocol/system_control_status.h"
+#include "zel_protocol/system_control_storage.h"
+#include "zel_protocol/system_control_update.h"
 
 #ifdef __cplusplus
 extern "C" {

@@ -140,6 +140,29 @@ void contentElement(Side& side, Name name, Tags tags, const FieldSeen& seen, Wri
     }
 }
 
+// An integer's text as a field of another type; its low bits if there is one to read.
+template <class Number>
+void numberElement(Side& side, Name name, Number& field)
+{
+    contentElement(
+        side, name, kAttributes, {"", ZEL_FORM_NUMBER, false, &field, sizeof field},
+        [&](TextWriter& out) {
+            char digits[kLongestNumber];
+            out.append(digits, static_cast<size_t>(printNumber(digits, uint32_t{field}) - digits));
+        },
+        [&](const ElementReader& in) {
+            int32_t value;
+            if (getXmlIntTypeParamByGetText(*in.parser, in.node, &value) == 0)
+                field = static_cast<Number>(value);
+        });
+}
+
+void readForm(const ElementReader& in, const TextForm& form, void* record)
+{
+    if (const char* const text = in.text())
+        form.read(text, record);
+}
+
 bool readOwnText(const ElementReader& in, char* field, size_t size)
 {
     return getXmlStringTypeParamByGetText(*in.parser, in.node, field, static_cast<int>(size)) == 0;
@@ -210,6 +233,16 @@ void textElement(Side& side, Name name, int32_t& field, Tags tags)
         [&](const ElementReader& in) { getXmlIntTypeParamByGetText(*in.parser, in.node, &field); });
 }
 
+void textElement(Side& side, Name name, uint32_t& field)
+{
+    numberElement(side, name, field);
+}
+
+void textElement(Side& side, Name name, uint8_t& field)
+{
+    numberElement(side, name, field);
+}
+
 void textElement(Side& side, Name name, char* field, size_t size, Tags tags)
 {
     contentElement(
@@ -228,6 +261,24 @@ bool ownText(Side& side, char* field, size_t size)
         return readOwnText(readerOf(side).at, field, size);
     Visitor& visitor = visitorOf(side);
     return visitor.see(visitor, {"", ZEL_FORM_TEXT, false, field, size});
+}
+
+void textElement(Side& side, Name name, const TextForm& form, void* record, void* field, size_t size)
+{
+    contentElement(
+        side, name, kAttributes, {"", ZEL_FORM_OWN, false, field, size},
+        [&](TextWriter& out) { form.write(out, record); },
+        [&](const ElementReader& in) { readForm(in, form, record); });
+}
+
+void ownText(Side& side, const TextForm& form, void* record, void* field, size_t size)
+{
+    if (isText(side))
+        form.write(writerOf(side), record);
+    else if (isTree(side))
+        readForm(readerOf(side).at, form, record);
+    else
+        visitorOf(side).see(visitorOf(side), {"", ZEL_FORM_OWN, false, field, size});
 }
 
 } // namespace zel

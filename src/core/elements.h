@@ -11,6 +11,8 @@
 
 namespace zel {
 
+struct TextWriter;
+
 // How an element is written: its name, each attribute and its close on lines of their own, or in these ways.
 // One that is read may have any.
 enum Tags : uint8_t
@@ -152,6 +154,13 @@ size_t countedRows(const Side& side, Count count, const Row (&)[N])
     return side.takes(false) ? N : clampCount(count, N);
 }
 
+// The same where the count bounds reading too.
+template <class Count, class Row, size_t N>
+size_t boundedRows(const Side& side, Count count, const Row (&)[N])
+{
+    return side.kind == Side::Kind::kVisitor ? N : clampCount(count, N);
+}
+
 // The rows that are written up to the first that isn't in use.
 template <class Row, size_t N>
 size_t rowsInUse(const Side& side, const Row (&rows)[N], bool (*isUsed)(const Row&), size_t most = N)
@@ -193,6 +202,8 @@ size_t usedRowElements(Side& side, Name name, Row (&rows)[N], size_t count = N, 
 
 // A child element with a number or a text, on a line of its own.
 void textElement(Side& side, Name name, int32_t& field, Tags tags = kAttributes);
+void textElement(Side& side, Name name, uint32_t& field); // read as a signed one, by its bits
+void textElement(Side& side, Name name, uint8_t& field);  // takes the low 8 bits of what is read
 void textElement(Side& side, Name name, char* field, size_t size, Tags tags = kAttributes);
 template <size_t Size>
 void textElement(Side& side, Name name, char (&field)[Size], Tags tags = kAttributes)
@@ -210,6 +221,17 @@ void textElementIfSet(Side& side, Name name, char (&field)[Size])
 
 // The text of the element itself; tells whether there was one to read.
 bool ownText(Side& side, char* field, size_t size);
+
+// A text of any length that functions put together from a record, and take apart.
+struct TextForm
+{
+    void (*write)(TextWriter& out, const void* record);
+    void (*read)(std::string_view text, void* record);
+};
+
+// The same elements for such a text. A visitor is shown the field that holds most of it.
+void textElement(Side& side, Name name, const TextForm& form, void* record, void* field, size_t size);
+void ownText(Side& side, const TextForm& form, void* record, void* field, size_t size);
 
 } // namespace zel
 

@@ -5,10 +5,12 @@ namespace zel {
 namespace {
 
 constexpr const Family* kAll[] = {
-    &kHeartbeatFamily,   &kTransparentFamily,   &kUserAuthFamily,     &kSearchFamily,
-    &kLiveStreamFamily,  &kMediaDataFamily,     &kNvrReplayFamily,    &kPtzControlFamily,
-    &kAlarmReportFamily, &kSystemControlFamily, &kSystemConfigFamily, &kIotCameraFamily,
-    &kIpcRepairFamily,   &kNvrInternalFamily,   &kProduceTestFamily,  &kDebugSwitchFamily,
+    &kHeartbeatFamily,    &kTransparentFamily,   &kUserAuthFamily,     &kSystemEncryptFamily,
+    &kSearchFamily,       &kLiveStreamFamily,    &kMediaDataFamily,    &kNvrReplayFamily,
+    &kReverseAudioFamily, &kPtzControlFamily,    &kAlarmReportFamily,  &kSystemControlFamily,
+    &kSystemConfigFamily, &kIotCameraFamily,     &kIpcRepairFamily,    &kNvrInternalFamily,
+    &kProduceTestFamily,  &kReplayControlFamily, &kDeviceReportFamily, &kDebugFamily,
+    &kSystemLogFamily,    &kDebugSwitchFamily,
 };
 
 bool isOf(const Family& family, std::string_view type)

@@ -10,10 +10,12 @@ namespace zel {
 extern const Family kHeartbeatFamily;
 extern const Family kTransparentFamily;
 extern const Family kUserAuthFamily;
+extern const Family kSystemEncryptFamily;
 extern const Family kSearchFamily;
 extern const Family kLiveStreamFamily;
 extern const Family kMediaDataFamily;
 extern const Family kNvrReplayFamily;
+extern const Family kReverseAudioFamily;
 extern const Family kPtzControlFamily;
 extern const Family kAlarmReportFamily;
 extern const Family kSystemControlFamily;
@@ -22,6 +24,10 @@ extern const Family kIotCameraFamily;
 extern const Family kIpcRepairFamily;
 extern const Family kNvrInternalFamily;
 extern const Family kProduceTestFamily;
+extern const Family kReplayControlFamily;
+extern const Family kDeviceReportFamily;
+extern const Family kDebugFamily;
+extern const Family kSystemLogFamily;
 extern const Family kDebugSwitchFamily;
 
 // All of them, in the order in which a header's type is looked up.

@@ -82,8 +82,8 @@ constexpr RecordType recordOf()
 void* takeRecord(const RecordType& type, size_t tailSize = 0);
 
 // The same with an extension behind it in the same block, which the record's pointer refers to. A peer may
-// name one kind of extension and send another, so the block has `room` for the family's largest: an
-// application that follows the name reads zero bytes at worst.
+// name one kind of extension and send another, so the block has `room` for either: an application that
+// follows the name reads zero bytes at worst.
 void* takeExtended(const RecordType& type, const RecordType& extension, size_t room);
 
 // A result that can't fail any more: the record is filled by what runs over an element that is there.

@@ -140,6 +140,18 @@ int analyseCode(const Family& family, Message& message, std::string_view code, v
     return found->row ? analyse(*found->row, message, result) : 0;
 }
 
+int analyseBodyFirst(const Family& family, Message& message, std::string_view code, void** result)
+{
+    if (lacksArgument(message, code, result))
+        return emptyParam(family.analysisName);
+    const Leaf leaf = {family.analysisName};
+    ElementReader body;
+    if (const int status = openBody(message, result, leaf, body))
+        return status;
+    const CodeRow* const found = findCode(family, numberOf(code));
+    return found ? giveParts(*found->row, message, body, result) : family.unknown(family, code);
+}
+
 const CodeRow* findWord(const Family& family, std::string_view code)
 {
     const int32_t number = numberOf(code);
@@ -149,6 +161,12 @@ const CodeRow* findWord(const Family& family, std::string_view code)
             return &row;
     }
     return nullptr;
+}
+
+int unknownWord(const char* name, std::string_view code)
+{
+    ZelProtocolLogError("%s deal a unknow Msg_code:%.*s !!!\n", name, printedLength(code), code.data());
+    return ZEL_ERR_UNKNOWN_MSG;
 }
 
 int composeWord(const Family& family, Outbound& outbound)

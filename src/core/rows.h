@@ -314,9 +314,13 @@ int composeCode(const Family& family, Outbound& outbound);
 int analyseCode(const Family& family, Message& message, std::string_view code, void** result);
 int unknownCode(const Family& family, std::string_view code);
 
+// The same of a family that looks for the body before it looks at the code.
+int analyseBodyFirst(const Family& family, Message& message, std::string_view code, void** result);
+
 // A family whose codes are words, or numbers for the same.
 int composeWord(const Family& family, Outbound& outbound);
 const CodeRow* findWord(const Family& family, std::string_view code);
+int unknownWord(const char* name, std::string_view code);
 
 // A family whose type alone selects the message: the first of its table.
 int composeOnly(const Family& family, Outbound& outbound);

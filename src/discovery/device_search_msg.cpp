@@ -1,8 +1,8 @@
-#include "zel_protocol/searchipc.h"
-
 #include <iterator>
 
 #include "core/families.h"
+#include "discovery/address_change_msg.h"
+#include "discovery/search_lists.h"
 #include "zel_platform/log.h"
 
 namespace zel {
@@ -10,21 +10,12 @@ namespace zel {
 namespace {
 
 using DeviceInfo = SYSTEM_SEARCHIPC_DEVICE_INFO;
-using LanConfig = SYSTEM_SEARCHIPC_LAN_CONFIG;
-using StreamAccess = SYSTEM_SEARCHIPC_STREAM_ACCESS;
 using Account = SYSTEM_SEARCHIPC_ACCOUNT;
 using SearchRequest = SYSTEM_SEARCHIPC_1_PARAM;
 using SearchResponse = SYSTEM_SEARCHIPC_3_PARAM;
 using SearchIotResponse = SYSTEM_SEARCHIPC_21_PARAM;
 
 // --- Attribute lists, for both directions --------------------------------------------------------
-
-template <class Record>
-void vendorParam(Side& side, Record& record)
-{
-    if (const Element vendor = elementIf(isSet(record.VendorId), side, "VENDOR_PARAM", kOnLine))
-        attribute(side, "VendorId", record.VendorId);
-}
 
 void deviceType(Side& side, DeviceInfo& device)
 {
@@ -42,22 +33,6 @@ void serialNumber(Side& side, DeviceInfo& device)
         attribute(side, "SerialNumber", device.SerialNumber);
         attribute(side, "DevID", device.DevID);
     }
-}
-
-void lanAddresses(Side& side, LanConfig& lan)
-{
-    attribute(side, "MacAddress", lan.MacAddress);
-    attribute(side, "DHCP", lan.DHCP);
-    attribute(side, "IPAddress", lan.IPAddress);
-    attribute(side, "Netmask", lan.Netmask);
-    attribute(side, "Gateway", lan.Gateway);
-}
-
-void lanAddressesAndNames(Side& side, LanConfig& lan)
-{
-    lanAddresses(side, lan);
-    attribute(side, "DNS1", lan.DNS1);
-    attribute(side, "DNS2", lan.DNS2);
 }
 
 void lanConfig(Side& side, SearchResponse& record)
@@ -87,27 +62,6 @@ void userConfig(Side& side, SearchResponse& record)
             side, "Account", record.stAccounts, countedRows(side, record.iAccountNum, record.stAccounts));
         if (!side.writes())
             record.iAccountNum = static_cast<int32_t>(count);
-    }
-}
-
-void streamAccess(Side& side, StreamAccess& stream)
-{
-    attribute(side, "Auth", stream.Auth);
-    attribute(side, "VideoPort", stream.VideoPort);
-    attribute(side, "RTPOverRTSP", stream.RTPOverRTSP);
-    attribute(side, "PTZPort", stream.PTZPort);
-    attribute(side, "WEBPort", stream.WEBPort);
-}
-
-void mediaStreamConfig(Side& side, StreamAccess& stream)
-{
-    if (const Element media = elementIf(isSet(stream.Auth), side, "MediaStreamConfig", kElements)) {
-        // The only line that ends in a carriage return and a line feed.
-        if (const Element access = element(side, "StreamAccess", kCarriageReturn)) {
-            streamAccess(side, stream);
-            attributeIfSet(side, "RTSPClientNumber", stream.RTSPClientNumber);
-            attributeIfSet(side, "RTPPacketSize", stream.RTPPacketSize);
-        }
     }
 }
 
@@ -167,13 +121,13 @@ void connectionCount(Side& side, DeviceInfo& device)
 
 void searchRequest(Side& side, SearchRequest& record)
 {
-    vendorParam(side, record);
+    vendorParam(side, record.VendorId);
 }
 
 void searchResponse(Side& side, SearchResponse& record)
 {
     auto& device = record.stDevice;
-    vendorParam(side, record);
+    vendorParam(side, record.VendorId);
     if (const Element type = element(side, "DEVICE_TYPE"))
         deviceType(side, device);
     serialNumber(side, device);
@@ -182,7 +136,7 @@ void searchResponse(Side& side, SearchResponse& record)
     if (const Element lan = elementIf(isSet(record.stLan1.IPAddress), side, "LAN1Config"))
         lanAddresses(side, record.stLan1);
     userConfig(side, record);
-    mediaStreamConfig(side, record.stStream);
+    mediaStreamConfig(side, record.stStream, StreamForm::kWithClients);
     if (const Element osd = elementIf(isSet(device.OsdStr), side, "OSD"))
         attribute(side, "OsdStr", device.OsdStr);
     if (const Element version = elementIf(isSet(device.FileSystemVersion), side, "VERSION"))
@@ -211,11 +165,6 @@ void clearTexts(DeviceInfo& device)
           device.FileSystemVersion, device.Name, device.Count, device.SalesArea);
 }
 
-void clearTexts(LanConfig& lan)
-{
-    clear(lan.MacAddress, lan.IPAddress, lan.Netmask, lan.Gateway, lan.DNS1, lan.DNS2, lan.DEV);
-}
-
 // --- Messages ------------------------------------------------------------------------------------
 
 // Each code has one form, whatever the kind.
@@ -228,8 +177,20 @@ constexpr MessageRow kSearchIotResponse = message<SYSTEM_SEARCHIPC_21_PARAM_init
 
 // Codes without a row have neither a body nor a record.
 constexpr CodeRow kCodes[] = {
-    {1, &kSearchRequest}, {3, &kSearchResponse},     {9, nullptr}, {10, nullptr}, {11, nullptr},
-    {20, nullptr},        {21, &kSearchIotResponse},
+    {1, &kSearchRequest},
+    {2, &kModifyBySerialNumber},
+    {3, &kSearchResponse},
+    {4, &kRestoreConfig},
+    {5, &kModifyBySerialNumber, Erased<SYSTEM_SEARCHIPC_5_PARAM_init>::call},
+    {6, &kRestoreConfig, Erased<SYSTEM_SEARCHIPC_6_PARAM_init>::call},
+    {7, &kBroadcastDeviceInfo},
+    {8, &kRestoreConfig, Erased<SYSTEM_SEARCHIPC_8_PARAM_init>::call},
+    {9, nullptr},
+    {10, nullptr},
+    {11, nullptr},
+    {20, nullptr},
+    {21, &kSearchIotResponse},
+    {101, &kSendTime},
 };
 static_assert(isAscending(kCodes));
 
@@ -258,8 +219,8 @@ int SYSTEM_SEARCHIPC_3_PARAM_init(SYSTEM_SEARCHIPC_3_PARAM* param)
     return zel::initRecord(param, [](auto& record) {
         zel::clear(record.VendorId, record.IPAddressVirtual, record.stAccounts);
         zel::clearTexts(record.stDevice);
-        zel::clearTexts(record.stLan);
-        zel::clearTexts(record.stLan1);
+        zel::clearLanTexts(record.stLan);
+        zel::clearLanTexts(record.stLan1);
     });
 }
 
@@ -268,7 +229,7 @@ int SYSTEM_SEARCHIPC_21_PARAM_init(SYSTEM_SEARCHIPC_21_PARAM* param)
     return zel::initRecord(param, [](auto& record) {
         zel::clear(record.DeviceModule);
         zel::clearTexts(record.stDevice);
-        zel::clearTexts(record.stLan);
+        zel::clearLanTexts(record.stLan);
     });
 }
 

@@ -150,9 +150,7 @@ constexpr CodeRow kCodes[] = {
 
 int unknownStreamCode(const Family& family, std::string_view code)
 {
-    ZelProtocolLogError("%s deal a unknow Msg_code:%.*s !!!\n", family.name, printedLength(code),
-                        code.data());
-    return ZEL_ERR_UNKNOWN_MSG;
+    return unknownWord(family.name, code);
 }
 
 int analyseWord(const Family& family, Message& message, std::string_view code, void** result)

@@ -1,6 +1,6 @@
 #include "network/general_config_msg.h"
 
-#include "network/channel_states_list.h"
+#include "events/device_report_msg.h"
 
 namespace zel {
 
@@ -158,8 +158,7 @@ extern constexpr MessageRow kSetPushOfflineConfig =
     message<SYSTEM_CONFIG_SET_2531_PARAM_init>("SystemConfig_setPushOfflineConfig_MessageAnalysis",
                                                within<pushOffline>("PushOffline", Kinds::kRequests));
 extern constexpr MessageRow kGetAllChannelInfo = message<SYSTEM_CONFIG_GET_2532_PARAM_init>(
-    "SystemConfig_getAllChannelInfo_MessageAnalysis",
-    body<channelStates<SYSTEM_CONFIG_GET_2532_PARAM>>(Kinds::kNotRequests));
+    "SystemConfig_getAllChannelInfo_MessageAnalysis", body<channelStates>(Kinds::kNotRequests));
 extern constexpr MessageRow kGetCloudConfig =
     message<SYSTEM_CONFIG_GET_2515_PARAM_init>("SystemConfig_getCloudConfig_MessageAnalysis",
                                                within<cloudConfig>("CloudConfig", Kinds::kNotRequests))

@@ -18,11 +18,25 @@ void ptzWord(Side& side, PtzRecord& record)
     textElement(side, "cmd", record.cmd);
 }
 
+void ptzSetWord(Side& side, PtzRecord& record, Name word)
+{
+    if (!side.writes())
+        memcpy(record.cmd, word.text, word.length + 1);
+}
+
+void ptzElement(Side& side, PtzRecord& record, List fields)
+{
+    if (const Element xml = container(side, "xml")) {
+        ptzWord(side, record);
+        if (fields)
+            fields(side, record.pExData);
+    }
+}
+
 void ptzPlainCommand(Side& side, PtzRecord& record)
 {
     ptzChannel(side, record);
-    if (const Element xml = container(side, "xml"))
-        ptzWord(side, record);
+    ptzElement(side, record, nullptr);
 }
 
 namespace {
@@ -36,12 +50,42 @@ constexpr CodeRow command(const char* word, const MessageRow& row, int (*initExt
     return {0, &row, initExtension, 0, kCode, word};
 }
 
-// In the order in which the words of a received text take precedence. Each group of commands adds its own.
+// Commands of one row whose extensions differ by name.
+template <auto init>
+constexpr CodeRow command(const char* word, const MessageRow& row)
+{
+    return command(word, row, Erased<init>::call);
+}
+
+// In the order in which the words of a received text take precedence.
 constexpr CodeRow kCommands[] = {
+    command("getCurPos", kGetPosition),
+    command("setCurPos", kSetPosition),
+    command("GetLocateCfg", kGetLocate),
+    command("SetLocateCfg", kSetLocate),
+    command("ManualLocate", kManualLocate),
+    command("setpreset", kPreset),
+    command<PTZ_CONTROL_PTZ_CMD_CLEARPRESET_PARAM_init>("clearpreset", kPreset),
+    command<PTZ_CONTROL_PTZ_CMD_CALLPRESET_PARAM_init>("callpreset", kPreset),
+    command("GetPresetListEx", kNamedPresetList), // of the two the longer word
+    command("GetPresetList", kPresetList),
+    command("SetPresetListEx", kNamedPreset),
+    command("SetWatchGuard", kWatchGuard),
+    command<PTZ_CONTROL_PTZ_CMD_GETWATCHGUARD_PARAM_init>("GetWatchGuard", kWatchGuard),
     command("DeleteWatchGuard", kPtzPlain),
     command("CallWatchGuard", kPtzPlain),
     command("StopOrbit", kPtzPlain),
     command("StopLocus", kPtzPlain),
+    command("GetOrbitList", kOrbitList),
+    command("AutoOrbit", kAutoOrbit),
+    command("AddOrbit", kAddOrbit),
+    command("ClearOrbit", kClearOrbit),
+    command("GetLocusList", kLocusList),
+    command("SetLocus", kSetLocus),
+    command("trans", kTransparentData),
+    command("RecordLocus", kLocus),
+    command<PTZ_CONTROL_PTZ_CMD_STOPRECORDLOCUS_PARAM_init>("StopRecordLocus", kLocus),
+    command("StartLocus", kLocus),
     command("zoomtele", kPtzMotion),
     command("zoomwide", kPtzMotion),
     command("FocusNearAutoOff", kPtzMotion),
@@ -127,6 +171,15 @@ const CodeRow* findPtzCommand(std::string_view text)
 
 namespace {
 
+// Of all words, those of a scan too; null: it is none.
+const CodeRow* commandOf(std::string_view word)
+{
+    for (const CodeRow& known : kCommands)
+        if (word == known.word)
+            return &known;
+    return nullptr;
+}
+
 // --- Dispatch ------------------------------------------------------------------------------------
 
 int composeCommand(const Family& family, Outbound& outbound)
@@ -141,9 +194,8 @@ int composeCommand(const Family& family, Outbound& outbound)
         ZelProtocolLogError("%s put a empty cmd, Error\n", family.name);
         return ZEL_ERR_BAD_PARAM;
     }
-    for (const CodeRow& known : kCommands)
-        if (word == known.word)
-            return compose(*known.row, outbound);
+    if (const CodeRow* const known = commandOf(word))
+        return compose(*known->row, outbound);
     ZelProtocolLogError("%s deal a unknow cmd : %.*s\n", family.name, printedLength(word), word.data());
     return ZEL_ERR_UNKNOWN_MSG;
 }
@@ -154,6 +206,9 @@ int analyseCommand(const Family& family, Message& message, std::string_view, voi
         return emptyParam(family.name);
     if (const CodeRow* const found = findPtzCommand(message.text))
         return analyse(*found->row, message, result);
+    // The one list that names no command.
+    if (message.text.find('^') != std::string_view::npos)
+        return analyse(kPresetList, message, result);
     ZelProtocolLogError("%s deal a unknow cmd \n", family.name);
     return ZEL_ERR_UNKNOWN_MSG;
 }
@@ -166,10 +221,29 @@ extern constexpr Family kPtzControlFamily("PTZ_CONTROL_MESSAGE", kCommands, comp
 
 namespace {
 
-// Of the largest extension: each group of commands that brings a larger one raises it.
-constexpr size_t kExtensionRoom = sizeof(PTZ_CONTROL_PTZ_CMD_OUTHERCTRL_PARAM);
+// The room behind an analysed record: for its own extension, and for that of the command which the message's
+// own word names. The two differ where a peer sends one command under the name of another.
+size_t roomOf(const MessageRow& row, const ElementReader& body)
+{
+    const size_t own = row.extension.size;
+    const ElementReader xml = body.child("xml");
+    if (!xml)
+        return own;
+    TreeReader side(xml);
+    PtzRecord record = {};
+    ptzWord(side, record);
+    const CodeRow* const named = commandOf(textOf(record.cmd));
+    return named && named->row->extension.size > own ? named->row->extension.size : own;
+}
 
 } // namespace
+
+void reportNoExtension(const PtzRecord& record)
+{
+    const std::string_view word = textOf(record.cmd);
+    ZelProtocolLogError("PTZ_CONTROL_MESSAGE deal cmd : %.*s get the pExData is NULL\n", printedLength(word),
+                        word.data());
+}
 
 int composePtz(const MessageRow& row, Outbound& outbound)
 {
@@ -178,9 +252,7 @@ int composePtz(const MessageRow& row, Outbound& outbound)
         if (!includes(part.kinds, outbound.kind))
             continue;
         if (part.tail == Tail::kNeeded && !record.pExData) {
-            const std::string_view word = textOf(record.cmd);
-            ZelProtocolLogError("PTZ_CONTROL_MESSAGE deal cmd : %.*s get the pExData is NULL\n",
-                                printedLength(word), word.data());
+            reportNoExtension(record);
             return ZEL_ERR_BAD_PARAM;
         }
         writePart(part, outbound);
@@ -192,14 +264,18 @@ int composePtz(const MessageRow& row, Outbound& outbound)
 int analysePtz(const MessageRow& row, Message& message, void** result)
 {
     ElementReader body;
-    if (const int status = openBody(message, result, row.leaf, body))
-        return status;
+    const int status = openBody(message, result, row.leaf, body);
+    return status != 0 ? status : givePtz(row, message, body, result);
+}
+
+int givePtz(const MessageRow& row, Message& message, const ElementReader& body, void** result)
+{
     for (const Part& part : row.parts) {
         if (!findPart(part, body))
             continue;
         if (part.tail == Tail::kNone)
             return givePart(row, part, message, body, result);
-        void* const record = takeExtended(row.record, row.extension, kExtensionRoom);
+        void* const record = takeExtended(row.record, row.extension, roomOf(row, body));
         if (!record)
             return ZEL_ERR_NO_MEMORY;
         TreeReader side(body);

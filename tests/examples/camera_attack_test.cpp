@@ -314,8 +314,8 @@ TEST_F(CameraUnderAttack, BareTextsInTransparentMessagesAreRefused)
     setField(outer.Trans_Type, kTransparent);
     setField(outer.Session_ID, fieldText(recordOf<USER_AUTH_CMD_USER_AUTH_PARAM>(login).Sessionid));
     ASSERT_TRUE(wrapMessage(outer, inner));
-    ASSERT_TRUE(sendMessage(client.link,
-                            composeMessage(makeHeader(kTransparent, ""), &outer, ZEL_KIND_REQUEST, client.cipher)));
+    ASSERT_TRUE(sendMessage(
+        client.link, composeMessage(makeHeader(kTransparent, ""), &outer, ZEL_KIND_REQUEST, client.cipher)));
     Received answer;
     receiveMessage(client.link, client.cipher, answer);
     EXPECT_TRUE(hasType(answer, kTransparent) && hasFlag(answer, kFail));

@@ -2,45 +2,21 @@
 #include <random>
 
 #include "ptz/ptz_command.h"
-#include "support/wire.h"
+#include "ptz/ptz_wire.h"
 
 using namespace test;
 using zel::findPtzCommand;
 
 namespace {
 
-using Record = PTZ_CONTROL_PTZ_CMD_PARAM;
+using Record = PtzRecord;
 using Speeds = PTZ_CONTROL_PTZ_CMD_OUTHERCTRL_PARAM;
-
-const std::string kType = "PTZ_CONTROL_MESSAGE";
 
 const std::string kPlainWords = "DeleteWatchGuard CallWatchGuard StopOrbit StopLocus";
 const std::string kScanWords = "ScanBegin ScanEnd ScanOn ScanOff";
 const std::string kMotionWords =
     "zoomtele zoomwide FocusNearAutoOff FocusFarAutoOff IrisOpenAutoOff IrisCloseAutoOff up down left right "
     "left_up right_up left_down right_down auto stop ptz_reset";
-
-Record recordOf(const std::string& word, int32_t channel = -1, void* extension = nullptr)
-{
-    auto record = fresh(PTZ_CONTROL_PTZ_CMD_PARAM_init);
-    record.channelid = channel;
-    set(record.cmd, word);
-    record.pExData = extension;
-    return record;
-}
-
-// The body, or the status in words.
-std::string body(const Record& record, int kind)
-{
-    char out[512];
-    const int status = PtzControlMessageCompose(&record, kind, out, sizeof out);
-    return status == 0 ? out : std::to_string(status);
-}
-
-Analysed received(const std::string& body)
-{
-    return analyseBody(kType, "PTZ_CMD", body);
-}
 
 const Speeds& speedsOf(const Analysed& analysed)
 {
@@ -89,19 +65,7 @@ TEST(PtzMotion, MotionCommands)
         EXPECT_EQ(speedsOf(analysed).panspeed, 5);
         EXPECT_EQ(speedsOf(analysed).tiltspeed, 6);
     }
-}
-
-// The extension lies in the record's own block, also where the message has no speed.
-TEST(PtzMotion, ExtensionIsAlwaysThere)
-{
-    resetServices();
-    const Analysed analysed = received(body(recordOf("up", 7), 0));
-    ASSERT_EQ(analysed.result, 0);
-    EXPECT_EQ(services().blocks, 1);
-    EXPECT_EQ(analysed.as<Record>().pExData, &analysed.as<Record>() + 1);
-    EXPECT_EQ(analysed.as<Record>().channelid, 7);
-    EXPECT_EQ(speedsOf(analysed).panspeed, -1);
-    EXPECT_EQ(speedsOf(analysed).tiltspeed, -1);
+    expectPtzRead(kChannel3 + xmlOf("up"), 3, "up", Speeds{-1, -1});
 }
 
 TEST(PtzMotion, CommandIsWhatTheElementSays)
@@ -142,29 +106,18 @@ TEST(PtzMotion, UnknownCommandsAndSizes)
 // All texts have a blank in front of the name.
 TEST(PtzMotion, FailuresOfTheLeaves)
 {
-    const struct
-    {
-        int (*analysis)(const char*, void**);
-        std::string name;
-    } leaves[] = {{PtzControlptzCmd_MessageAnalysis, " PtzControlptzCmd_MessageAnalysis"},
-                  {PtzControlptzControl_MessageAnalysis, " PtzControlptzControl_MessageAnalysis"}};
-    const std::string noXml = envelope(kType, "PTZ_CMD", "<cmd>up</cmd>");
-    for (const auto& [analysis, name] : leaves) {
-        void* block = nullptr;
-        resetServices();
-        EXPECT_EQ(analysis(nullptr, &block), ZEL_ERR_BAD_PARAM);
-        EXPECT_EQ(analysis("<up", &block), ZEL_ERR_BAD_DOCUMENT);
-        EXPECT_EQ(analysis("<up/>", &block), ZEL_ERR_BAD_DOCUMENT);
-        EXPECT_EQ(analysis(noXml.c_str(), &block), ZEL_ERR_NO_ELEMENT);
-        EXPECT_EQ(services().errors,
-                  (std::vector<std::string>{name + " put a empty Param\n", name + " Parse MsgBuf error\n",
-                                            name + " get MESSAGE_BODY error\n",
-                                            name + " get RESPONSE_PARAM error\n"}));
-    }
+    expectLeafFailures(PtzControlptzCmd_MessageAnalysis, " PtzControlptzCmd_MessageAnalysis");
+    expectLeafFailures(PtzControlptzControl_MessageAnalysis, " PtzControlptzControl_MessageAnalysis");
 }
 
 // All words in the order in which they take precedence, but for those of a scan, which aren't searched for.
-const std::string kSearchedWords = kPlainWords + " " + kMotionWords;
+const std::string kSearchedWords =
+    "getCurPos setCurPos GetLocateCfg SetLocateCfg ManualLocate setpreset clearpreset callpreset "
+    "GetPresetListEx GetPresetList SetPresetListEx SetWatchGuard GetWatchGuard " +
+    kPlainWords +
+    " GetOrbitList AutoOrbit AddOrbit ClearOrbit GetLocusList SetLocus trans RecordLocus StopRecordLocus "
+    "StartLocus " +
+    kMotionWords;
 
 // The first word of the order that stands anywhere in the text.
 std::string plainSearch(const std::vector<std::string>& words, const std::string& text)
@@ -204,6 +157,36 @@ TEST(PtzMotion, SearchIsThePlainOne)
         for (size_t count = random() % 8; count > 0; --count)
             text += pieces[random() % pieces.size()];
         ASSERT_EQ(searchExact(text), plainSearch(words, text)) << text;
+    }
+}
+
+size_t extensionSizeOf(const std::string& word)
+{
+    ZEL_CATALOGUE_ENTRY entry = {};
+    ZelProtocolCatalogueEntry(ZelProtocolCatalogueFind(kPtz.c_str(), "PTZ_CMD", word.c_str(), -1), &entry);
+    return entry.extension_size;
+}
+
+// The text's first command decides what is read, its element what the record says: whoever follows that finds
+// the extension, and zero bytes where nothing was read.
+TEST(PtzMotion, ExtensionOfAnotherCommand)
+{
+    const std::vector<std::string> searched = split(kSearchedWords);
+    for (const std::string& word : searched) {
+        for (const std::string& said : split(kSearchedWords + " " + kScanWords)) {
+            const Analysed analysed = received(xmlOf(said) + "<!-- " + word + " -->");
+            ASSERT_EQ(analysed.result, 0) << word << said;
+            const auto& record = analysed.as<Record>();
+            const size_t own = extensionSizeOf(plainSearch(searched, word + " " + said));
+            if (!record.pExData || !record.cmd[0])
+                continue;
+            EXPECT_EQ(get(record.cmd), said);
+            const auto* const bytes = static_cast<const char*>(record.pExData);
+            for (size_t at = own; at < extensionSizeOf(said); ++at)
+                ASSERT_EQ(bytes[at], 0) << word << said << at;
+            for (const int kind : {0, 1})
+                EXPECT_NE(body(record, kind).rfind("-10", 0), 0U) << word << said;
+        }
     }
 }
 

@@ -10,7 +10,7 @@ namespace test {
 // The services of this test program count what they hand out, and may fail.
 struct Memory
 {
-    size_t bytes = 0;       // in use at once, at most, since the last reset
+    size_t bytes = 0; // in use at once, at most, since the last reset
     size_t inUse = 0;
     size_t requested = 0;   // in all blocks together
     int blocks = 0;         // of the library

@@ -33,6 +33,8 @@ struct Form
 
 // Records whose fields choose a form, and can't be any number.
 constexpr Form kForms[] = {
+    // With room for the line feeds that the envelope puts around it.
+    {"DBG_CMD_PARAM", [](void* record) { as<DBG_CMD_PARAM>(record).acText[8000] = '\0'; }},
     {"NVR_INTERNAL_4001_PARAM",
      [](void* record) {
          as<NVR_INTERNAL_4001_PARAM>(record).stStream1.Stream = 1;
@@ -43,6 +45,7 @@ constexpr Form kForms[] = {
     {"SYSTEM_CONTROL_1020_PARAM",
      [](void* record) { as<SYSTEM_CONTROL_1020_PARAM>(record).bRemoteAuthority = 0; }},
     {"SYSTEM_CONTROL_1032_PARAM", [](void* record) { as<SYSTEM_CONTROL_1032_PARAM>(record).bSendIpc = 1; }},
+    {"SYSTEM_LOG_PARAM", [](void* record) { as<SYSTEM_LOG_PARAM>(record).iRespDataLen = 3; }},
     {"TRANSPARENT_HEADER", [](void* record) { as<TRANSPARENT_HEADER>(record).iTransDataLen = 3; }},
 };
 
