@@ -79,31 +79,61 @@ std::string bodyOf(const std::string& text)
     return text.substr(begin, end > begin ? end - begin - 1 : 0);
 }
 
-// The exported functions that compose a body alone; 1 for a type without one.
+// The exported functions that compose a body alone, by what they are told.
+template <class Compose>
+struct OfType
+{
+    const char* type;
+    Compose compose;
+};
+
+constexpr OfType<int (*)(const void*, int, char*, int)> kByRecord[] = {
+    {"IPC_REPAIR_MESSAGE", IpcRepairMessageCompose},
+    {"PTZ_CONTROL_MESSAGE", PtzControlMessageCompose},
+    {"SYSTEM_ENCRYPT_MESSAGE", SystemEncryptMessageCompose},
+    {"USER_AUTH_MESSAGE", UserAuthMessageCompose},
+};
+
+constexpr OfType<int (*)(const void*, int, const char*, char*, int)> kByCode[] = {
+    {"DEVICE_REPORT_MESSAGE", DeviceReportMessageCompose},
+    {"IOT_CAMERA_MESSAGE", IOTCameraMessageCompose},
+    {"NVR_INTERNAL_MESSAGES", NvrInternalMessageCompose},
+    {"NVR_PRODUCE_TEST_MESSAGE", NvrProduceTestMessageCompose},
+    {"NVR_REPLAY_MESSAGE", NvrReplayMessageCompose},
+    {"REPLAY_CONTROL_MESSAGE", ReplayControlMessageCompose},
+    {"REVERSE_AUDIO_MESSAGE", ReverseAudioMessageCompose},
+    {"SYSTEM_CONFIG_GET_MESSAGE", SystemConfigMessageCompose},
+    {"SYSTEM_CONFIG_SET_MESSAGE", SystemConfigMessageCompose},
+    {"SYSTEM_CONTROL_MESSAGE", SystemControlMessageCompose},
+    {"SYSTEM_SEARCHIPC_MESSAGE", SystemSearchipcMessageCompose},
+};
+
+constexpr OfType<int (*)(const void*, int, char*, int, int*)> kWithDataBehind[] = {
+    {"ALARM_REPORT_MESSAGE", AlarmReportMessageCompose},
+    {"SYSTEM_LOG_DATA", SystemLogMessageCompose},
+    {"SYSTEM_LOG_MESSAGE", SystemLogMessageCompose},
+};
+
+// 1 for a type without such a function.
 int composeBody(const Job& job, const std::string& type, char* buffer, int size, int& extra)
 {
     const void* const record = job.record.get();
     const char* const code = job.header.Msg_code;
-    if (type == "USER_AUTH_MESSAGE")
-        return UserAuthMessageCompose(record, job.kind, buffer, size);
-    if (type == "SYSTEM_SEARCHIPC_MESSAGE")
-        return SystemSearchipcMessageCompose(record, job.kind, code, buffer, size);
+    for (const auto& one : kByRecord)
+        if (type == one.type)
+            return one.compose(record, job.kind, buffer, size);
+    for (const auto& one : kByCode)
+        if (type == one.type)
+            return one.compose(record, job.kind, code, buffer, size);
+    for (const auto& one : kWithDataBehind)
+        if (type == one.type)
+            return one.compose(record, job.kind, buffer, size, &extra);
     if (type == "LIVE_STREAM_MESSAGE") {
         char header[512];
         return LiveStreamMessageCompose(record, job.kind, code, buffer, size, header, sizeof header, 0);
     }
     if (type == "MEDIA_DATA_MESSAGE")
         return MediaDataMessageCompose(record, job.kind, code, buffer, size, &extra);
-    if (type == "NVR_REPLAY_MESSAGE")
-        return NvrReplayMessageCompose(record, job.kind, code, buffer, size);
-    if (type == "PTZ_CONTROL_MESSAGE")
-        return PtzControlMessageCompose(record, job.kind, buffer, size);
-    if (type == "ALARM_REPORT_MESSAGE")
-        return AlarmReportMessageCompose(record, job.kind, buffer, size, &extra);
-    if (type == "SYSTEM_CONTROL_MESSAGE")
-        return SystemControlMessageCompose(record, job.kind, code, buffer, size);
-    if (type == "SYSTEM_CONFIG_GET_MESSAGE" || type == "SYSTEM_CONFIG_SET_MESSAGE")
-        return SystemConfigMessageCompose(record, job.kind, code, buffer, size);
     return 1;
 }
 
@@ -132,7 +162,7 @@ void requireParts(const Job& job, int size)
     const std::unique_ptr<char[]> buffer(new char[room]());
     const std::string type = job.header.Msg_type;
     const int used = job.outLen % 97;
-    if (type.find("HEARTBEAT") != std::string::npos || type == "NVR_PRODUCE_TEST_MESSAGE") {
+    if (strcmp(job.header.Msg_code, "CMD_HEARTBEAT") == 0) {
         const int status = HeartbeatMessageCompose(&job.header, job.record.get(), buffer.get(), size, used);
         require(status == 0 || status == ZEL_ERR_BUFFER_SMALL, "a heartbeat's header fits or doesn't");
         require(status != 0 || !job.record ||

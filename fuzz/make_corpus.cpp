@@ -118,7 +118,8 @@ int main(int argc, char** argv)
         const test::CatalogueEntry& entry = all[i];
         for (const int kind : entry.kinds.empty() ? std::vector<int>{0} : entry.kinds) {
             // Entries of one type and code differ in their record.
-            std::string name = std::string(entry.type) + "-" + entry.code + "-" + std::to_string(kind);
+            std::string name =
+                std::string(entry.type) + "-" + std::string(entry.code) + "-" + std::to_string(kind);
             while (fs::exists(analysis / name))
                 name += "b";
             const Record record = makeRecord(entry, Fill::kCompact, "", true);
@@ -163,10 +164,9 @@ int main(int argc, char** argv)
               word(all.size() + i) + std::string("\2\0", 2) + word(4001) +
                   "<MESSAGE_HEADER\n/></XML_ZELMAR>");
 
-    for (const char* const command : {"zoomtele", "zoomwide", "FocusNearAutoOff", "FocusFarAutoOff",
-                                      "IrisOpenAutoOff", "IrisCloseAutoOff", "up", "down", "left", "right",
-                                      "right_up", "left_down", "right_down", "auto", "stop", "ptz_reset"})
-        words.insert(command);
+    for (const test::CatalogueEntry& entry : all)
+        if (!entry.word.empty())
+            words.emplace(entry.word);
 
     std::ofstream dictionary(root / "zel.dict");
     dictionary << "# Names and words of the messages; written by make_corpus.\n";

@@ -113,6 +113,13 @@ Analysed analyseOnce(const std::string& payload, const Codec& codec, const Suppl
     return analysed;
 }
 
+bool announces(const std::string& text, int32_t length)
+{
+    const std::string number = std::to_string(length);
+    return text.find("DataLen=\"" + number + "\"") != std::string::npos ||
+           text.find("<RESPONSE_DATA_LEN>\n" + number + "\n") != std::string::npos;
+}
+
 void requireFrame(const ZEL_PROTOCOL_HEADER& header, const void* record, const Codec& codec,
                   const Composed& composed)
 {
@@ -123,11 +130,9 @@ void requireFrame(const ZEL_PROTOCOL_HEADER& header, const void* record, const C
     if (type == "ALARM_REPORT_MESSAGE")
         require(composed.extra == 0 || composed.extra == 516 || composed.extra == 1028,
                 "an alarm's frame counts its feature block");
-    else if (type == "MEDIA_DATA_MESSAGE")
+    else if (type == "MEDIA_DATA_MESSAGE" || type == "SYSTEM_LOG_MESSAGE" || type == "SYSTEM_LOG_DATA")
         require(composed.extra == 0 || codec.mode >= 0 ||
-                    composed.text.find("DataLen=\"" +
-                                       std::to_string(static_cast<int32_t>(composed.extra - 4)) + "\"") !=
-                        std::string::npos,
+                    announces(composed.text, static_cast<int32_t>(composed.extra - 4)),
                 "a frame counts the end code and the data that its text announces");
     else
         require(composed.extra == 0, "a frame counts its payload");
