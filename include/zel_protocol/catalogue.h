@@ -79,7 +79,8 @@ typedef enum ZEL_DIRECTION
 /** One element or attribute of a message, for a ZEL_DESCRIBE. */
 typedef struct ZEL_DESCRIPTION
 {
-    const char* path;      /**< elements from the body down, "SmartConfig/RegionDetection"; empty: the body */
+    const char* path; /**< elements from the body down, "SmartConfig/RegionDetection"; empty: the body, where
+                         what is written stands beside the elements as a line of text */
     const char* attribute; /**< its name; NULL: the element itself; empty: the element's text */
     ZEL_DIRECTION direction;
     /* Of an attribute or a text: */

@@ -25,7 +25,7 @@ typedef struct NVR_INTERNAL_STREAM_CONFIG
 /**
  * 4001: locks a camera's streams. One form for all kinds; it is written whole.
  *
- * An analysis needs two streams, refuses one whose Stream isn't 1 or 2 with ZEL_ERR_BAD_DOCUMENT, and puts
+ * An analysis needs two streams whose Stream is 1 or 2, and gives ZEL_ERR_BAD_DOCUMENT without them. It puts
  * each where its Stream says, in whatever order they come. Of two with the same Stream the later one stays.
  */
 typedef struct NVR_INTERNAL_4001_PARAM
@@ -38,8 +38,8 @@ typedef struct NVR_INTERNAL_4001_PARAM
 } NVR_INTERNAL_4001_PARAM;
 
 /**
- * 4002: addresses of the channels that a source has. The request carries acSrcIp alone, which may not be
- * empty; a response needs a count too.
+ * 4002: addresses of the channels that a source has. The request carries acSrcIp alone. Composing gives
+ * ZEL_ERR_BAD_PARAM where that is empty, and for a response without a count.
  *
  * What goes out of the rows below the count is what isn't empty: they may be fewer than the count says. An
  * analysed record counts the rows that were read; it has none, and a count of -1, if the text had no count.

@@ -92,7 +92,7 @@ typedef struct NVR_PRODUCE_TEST_4007_PARAM
 
 /**
  * 4008: records the result of the whole test, a request. It is written whole, and a message that lacks any
- * attribute is refused with ZEL_ERR_BAD_CONTENT.
+ * attribute, or has a number that can't be read, is refused with ZEL_ERR_BAD_CONTENT.
  */
 typedef struct NVR_PRODUCE_TEST_4008_PARAM
 {

@@ -193,7 +193,10 @@ void Describer::meet(ZEL_DESCRIPTION& met)
         return;
     }
     Describer other(walk, !writes(), &met);
-    run(other);
+    // What is written beside the elements is a line of text, what is read an attribute of the body.
+    const bool isBeside = depth == 0 && met.attribute && *met.attribute;
+    if (!isBeside)
+        run(other);
     // What both have was told of while writing.
     if (other.isFound && !writes())
         return;
