@@ -156,18 +156,23 @@ Composed onControl(const Exchange& exchange)
 
 Composed onConfigGet(const Exchange& exchange)
 {
-    if (!hasCode(exchange.request, "500"))
-        return refuse(exchange);
-    return answer(exchange, &exchange.service.device.config);
+    if (hasCode(exchange.request, "500"))
+        return answer(exchange, &exchange.service.device.config);
+    const Block* const kept =
+        findSettings(exchange.service.settings, fieldText(exchange.request.header.Msg_code));
+    return kept ? answer(exchange, kept->data()) : refuse(exchange);
 }
 
 Composed onConfigSet(const Exchange& exchange)
 {
-    const auto* wanted = recordIn<SYSTEM_CONFIG_SET_520_PARAM>(exchange.request);
-    if (!wanted || !hasCode(exchange.request, "520") || !exchange.session.mayChangeSettings ||
-        !changeConfig(exchange.service.device, *wanted))
+    const void* const wanted = recordIn<void>(exchange.request);
+    if (!wanted || !exchange.session.mayChangeSettings)
         return refuse(exchange);
-    return answer(exchange, nullptr);
+    const bool isChanged =
+        hasCode(exchange.request, "520")
+            ? changeConfig(exchange.service.device, *static_cast<const MediaConfig*>(wanted))
+            : changeSettings(exchange.service.settings, fieldText(exchange.request.header.Msg_code), wanted);
+    return isChanged ? answer(exchange, nullptr) : refuse(exchange);
 }
 
 /** All messages but transparent ones, which never come here. */

@@ -6,6 +6,7 @@
 
 #include "camera_device.h"
 #include "message_link.h"
+#include "settings.h"
 
 #include <cstdint>
 #include <string>
@@ -36,6 +37,7 @@ struct Session
 struct Service
 {
     Device device;
+    Settings settings = factorySettings(); /**< those that the device doesn't act on */
     std::vector<User> users;
     std::uint16_t port = 0; /**< for connections */
     std::size_t connections = 0;

@@ -38,6 +38,7 @@ bool runSteps(Client& client)
            passed(demo::configIsChanged(client), "its configuration is changed and read back") &&
            passed(demo::wrongConfigIsRefused(client), "a setting out of range changes nothing") &&
            passed(demo::guestMayNotChangeConfig(client), "a guest may not change settings") &&
+           passed(demo::allSettingsAreKept(client), "all other settings are changed and read back") &&
            passed(demo::streamStartsAndStops(client), "a live stream starts and stops") &&
            passed(demo::cameraMoves(client), "the camera moves") &&
            passed(demo::alarmsAreReceived(client), "the alarms and their feature blocks are received") &&

@@ -1,5 +1,6 @@
 #include "client_steps.h"
 #include "demo_data.h"
+#include "settings.h"
 
 #include <algorithm>
 #include <charconv>
@@ -275,6 +276,25 @@ bool missingFileIsRefused(Client& client)
     return hasFlag(answer, kFail) && record.ErrorCode > 0 && !record.pData;
 }
 
+bool settingsAreKept(Client& client, const SettingsPair& pair)
+{
+    const char* const getCode = pair.get.entry.Msg_code;
+    Received first;
+    Received changed;
+    Received second;
+    if (!ask(client, kConfigGet, getCode, nullptr, first) || !first.record)
+        return false;
+    // Whatever an earlier visit left there, one of these is something else.
+    Sample wanted = makeSample(pair.set, 40);
+    if (isChangedTo(pair, wanted, first.record.get(), first.record.get()))
+        wanted = makeSample(pair.set, 60);
+    return !isChangedTo(pair, wanted, first.record.get(), first.record.get()) &&
+           exchange(client, composeRequest(client, kConfigSet, pair.set.entry.Msg_code, wanted.get()),
+                    changed) &&
+           hasFlag(changed, kOk) && ask(client, kConfigGet, getCode, nullptr, second) && second.record &&
+           isChangedTo(pair, wanted, first.record.get(), second.record.get());
+}
+
 } // namespace
 
 bool identityIsRead(Client& client)
@@ -353,6 +373,28 @@ bool guestMayNotChangeConfig(Client& client)
     MediaConfig wanted = config;
     wanted.Brightness = (wanted.Brightness + 1) % 101;
     return changeIsAnswered(guest, wanted, kFail) && configIs(guest, config);
+}
+
+/** Every setting that the catalogue has a question and a change for. One line of the transcript tells of all.
+ */
+bool allSettingsAreKept(Client& client)
+{
+    int kept = 0;
+    client.link.isQuiet = true;
+    bool good = true;
+    for (const SettingsPair& pair : settingsPairs()) {
+        // The camera acts on these, and they have steps of their own.
+        if (std::string_view(pair.get.entry.Msg_code) == "500")
+            continue;
+        const bool isKept = settingsAreKept(client, pair);
+        if (!isKept)
+            printNote(kClientName, std::string("not kept: ") + pair.get.entry.Msg_code);
+        kept += isKept;
+        good = good && isKept;
+    }
+    client.link.isQuiet = false;
+    printNote(kClientName, std::to_string(kept) + " kinds of settings changed and read back");
+    return good && kept > 0;
 }
 
 /** The stream must be as the configuration says. Its numbers come in the message's header. */

@@ -29,7 +29,8 @@ Composed composeRequest(Client& client, std::string_view type, std::string_view 
 
 bool sendMessage(const Link& link, const Composed& message)
 {
-    printSent(kClientName, message, "");
+    if (!link.isQuiet)
+        printSent(kClientName, message, "");
     return message.status == 0 && sendAll(link.socket, message.bytes.data(), message.bytes.size());
 }
 
@@ -54,7 +55,8 @@ bool receiveMessage(Link& link, Cipher& cipher, Received& message)
     if (frame.enciphered != (cipher.mode >= 0))
         return false;
     message = analyseFrame(frame, cipher);
-    printReceived(kClientName, message, "");
+    if (!link.isQuiet)
+        printReceived(kClientName, message, "");
     return message.result >= 0 || isHeaderAlone(message);
 }
 

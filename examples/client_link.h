@@ -26,6 +26,7 @@ struct Link
     Socket socket;
     FrameReader reader;
     std::FILE* recording = nullptr; /**< gets all that is received */
+    bool isQuiet = false;           /**< leaves the messages out of the transcript */
 };
 
 /** What a search found. */

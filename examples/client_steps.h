@@ -33,6 +33,7 @@ bool abilitiesAreRead(Client& client);
 bool configIsChanged(Client& client);
 bool wrongConfigIsRefused(Client& client);
 bool guestMayNotChangeConfig(Client& client);
+bool allSettingsAreKept(Client& client);
 bool streamStartsAndStops(Client& client);
 bool cameraMoves(Client& client);
 bool recordingIsFoundAndDownloaded(Client& client);

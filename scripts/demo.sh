@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Runs the example camera and lets the example client visit it twice, plain and enciphered. The client gets the port
 # for searches alone and finds the rest. In each visit two users log in. Both transcripts go to standard output, and
-# behind them the frames that the plain visit received. Exit status 0 only if the camera, both visits and the splitting
-# into frames ended with 0; ends within 20 seconds.
+# behind them the frames that the plain visit received, and a roll call of all messages. Exit status 0 only if the
+# camera, both visits, the splitting into frames and the roll call ended with 0; ends within 25 seconds.
 #
 # usage: demo.sh BUILD_DIR
 set -u
@@ -54,6 +54,7 @@ wait "$camera" || status=1
 camera=
 wait "$relay"
 timeout 3 "$programs/frames" "$scratch/received" || status=1
+timeout 5 "$programs/roll_call" || status=1
 
 if [ $status -eq 0 ]; then
     echo "demo: every exchange went as expected"

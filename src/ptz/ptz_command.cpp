@@ -103,10 +103,10 @@ constexpr CodeRow kCommands[] = {
     command("auto", kPtzMotion),
     command("stop", kPtzMotion),
     command("ptz_reset", kPtzMotion),
-    command("ScanBegin", kPtzPlain), // the rest isn't searched for
-    command("ScanEnd", kPtzPlain),
-    command("ScanOn", kPtzPlain),
-    command("ScanOff", kPtzPlain),
+    command("ScanBegin", kPtzScan), // the rest isn't searched for
+    command("ScanEnd", kPtzScan),
+    command("ScanOn", kPtzScan),
+    command("ScanOff", kPtzScan),
 };
 constexpr size_t kScanWords = 4;
 constexpr size_t kSearchedWords = sizeof kCommands / sizeof kCommands[0] - kScanWords;

@@ -92,6 +92,7 @@ constexpr MessageRow ptzRequest(const char* name)
 }
 
 extern const MessageRow kPtzPlain;
+extern const MessageRow kPtzScan;
 extern const MessageRow kPtzMotion;
 
 extern const MessageRow kGetPosition;

@@ -28,6 +28,8 @@ void motion(Side& side, PtzRecord& record)
 
 extern constexpr MessageRow kPtzPlain =
     ptzMessage(" PtzControlptzCmd_MessageAnalysis", over<ptzPlainCommand>("xml", Kinds::kRequests));
+extern constexpr MessageRow kPtzScan =
+    ptzMessage(" PtzControlptzCmd_MessageAnalysis", written<ptzPlainCommand>(Kinds::kRequests));
 extern constexpr MessageRow kPtzMotion = extendedPtzMessage<PTZ_CONTROL_PTZ_CMD_OUTHERCTRL_PARAM_init>(
     " PtzControlptzControl_MessageAnalysis", over<motion>("xml", Kinds::kAll).withTail());
 
