@@ -1,6 +1,9 @@
 // What holds for every exported init and every exported analysis of a text alike.
 #include <gtest/gtest.h>
 
+#include <sys/mman.h>
+
+#include <algorithm>
 #include <cstddef>
 #include <map>
 #include <set>
@@ -135,6 +138,171 @@ TEST(Exported, AFailedFamilyKeepsItsSlot)
                 return MediaDataMessageAnalysis(text.c_str(), code.c_str(), static_cast<int>(text.size()),
                                                 result);
             });
+}
+
+// --- Bodies alone --------------------------------------------------------------------------------
+
+// What a compose function takes, in one form for all of them.
+struct BodyCall
+{
+    const void* record;
+    int kind;
+    const char* code;
+    char* out;
+    int size;
+};
+
+using BodyComposer = int (*)(const BodyCall& call);
+
+template <int (*compose)(const void*, int, char*, int)>
+int composed(const BodyCall& call)
+{
+    return compose(call.record, call.kind, call.out, call.size);
+}
+
+template <int (*compose)(const void*, int, const char*, char*, int)>
+int composed(const BodyCall& call)
+{
+    return compose(call.record, call.kind, call.code, call.out, call.size);
+}
+
+// The header's attributes fit, whatever becomes of the body.
+int composedLive(const BodyCall& call)
+{
+    char head[4096] = "";
+    return LiveStreamMessageCompose(call.record, call.kind, call.code, call.out, call.size, head, sizeof head,
+                                    0);
+}
+
+template <int (*compose)(const void*, int, char*, int, int*)>
+int composedCounting(const BodyCall& call)
+{
+    int extra = 0;
+    return compose(call.record, call.kind, call.out, call.size, &extra);
+}
+
+int composedMedia(const BodyCall& call)
+{
+    int extra = 0;
+    return MediaDataMessageCompose(call.record, call.kind, call.code, call.out, call.size, &extra);
+}
+
+const std::map<std::string_view, BodyComposer>& bodyComposers()
+{
+    static const std::map<std::string_view, BodyComposer> all = {
+        {"ALARM_REPORT_MESSAGE", composedCounting<AlarmReportMessageCompose>},
+        {"DEVICE_REPORT_MESSAGE", composed<DeviceReportMessageCompose>},
+        {"IOT_CAMERA_MESSAGE", composed<IOTCameraMessageCompose>},
+        {"IPC_REPAIR_MESSAGE", composed<IpcRepairMessageCompose>},
+        {"LIVE_STREAM_MESSAGE", composedLive},
+        {"MEDIA_DATA_MESSAGE", composedMedia},
+        {"NVR_INTERNAL_MESSAGES", composed<NvrInternalMessageCompose>},
+        {"NVR_PRODUCE_TEST_MESSAGE", composed<NvrProduceTestMessageCompose>},
+        {"NVR_REPLAY_MESSAGE", composed<NvrReplayMessageCompose>},
+        {"PTZ_CONTROL_MESSAGE", composed<PtzControlMessageCompose>},
+        {"REPLAY_CONTROL_MESSAGE", composed<ReplayControlMessageCompose>},
+        {"REVERSE_AUDIO_MESSAGE", composed<ReverseAudioMessageCompose>},
+        {"SYSTEM_CONFIG_GET_MESSAGE", composed<SystemConfigMessageCompose>},
+        {"SYSTEM_CONFIG_SET_MESSAGE", composed<SystemConfigMessageCompose>},
+        {"SYSTEM_CONTROL_MESSAGE", composed<SystemControlMessageCompose>},
+        {"SYSTEM_ENCRYPT_MESSAGE", composed<SystemEncryptMessageCompose>},
+        {"SYSTEM_LOG_MESSAGE", composedCounting<SystemLogMessageCompose>},
+        {"SYSTEM_SEARCHIPC_MESSAGE", composed<SystemSearchipcMessageCompose>},
+        {"USER_AUTH_MESSAGE", composed<UserAuthMessageCompose>}};
+    return all;
+}
+
+// What stands between the tags of the body.
+std::string bodyOf(const CatalogueEntry& entry, const void* record, int kind)
+{
+    const std::string text = test::compose(catalogueHeader(entry), record, kind, 1 << 18).bytes;
+    const std::string opening = "<MESSAGE_BODY>\n";
+    const size_t begin = text.find(opening) + opening.size();
+    return text.substr(begin, text.rfind("\n</MESSAGE_BODY>") - begin);
+}
+
+// The terminated text needs a byte more than it has; with less there is an error and no byte beyond.
+TEST(Exported, ABodyNeedsItsBytesAndOneMore)
+{
+    constexpr char kUntouched = '\x5A';
+    std::set<std::string_view> composedTypes;
+    for (const CatalogueEntry& entry : catalogue()) {
+        const auto found = bodyComposers().find(entry.type);
+        if (found == bodyComposers().end())
+            continue;
+        composedTypes.insert(entry.type);
+        const RecordBytes record = fullRecord(entry);
+        const std::string code(entry.code);
+        for (const int kind : entry.kinds) {
+            const std::string body = bodyOf(entry, record.data(), kind);
+            const size_t n = body.size();
+            for (const size_t size : {size_t{1}, n - 1, n, n + 1, n + 2}) {
+                std::vector<char> out(n + 3, kUntouched);
+                const int status =
+                    found->second({record.data(), kind, code.c_str(), out.data(), static_cast<int>(size)});
+                EXPECT_EQ(status, size > n ? 0 : static_cast<int>(ZEL_ERR_BUFFER_SMALL))
+                    << entry.name() << kind << ' ' << size << " of " << n;
+                EXPECT_EQ(out[size], kUntouched) << entry.name() << kind << ' ' << size;
+                if (size > n) {
+                    EXPECT_EQ(out.data(), body) << entry.name() << kind;
+                }
+            }
+            std::vector<char> out(1, kUntouched);
+            found->second({nullptr, kind, code.c_str(), out.data(), 1});
+            EXPECT_EQ(out[0], kUntouched) << entry.name();
+        }
+    }
+    EXPECT_EQ(composedTypes.size(), bodyComposers().size());
+}
+
+// --- Records that are the caller's ---------------------------------------------------------------
+
+// A copy in pages of its own, which nobody can write to.
+class ReadOnly
+{
+public:
+    ReadOnly(const void* bytes, size_t size)
+        : size_(size), pages_(mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))
+    {
+        memcpy(pages_, bytes, size);
+        mprotect(pages_, size, PROT_READ);
+    }
+    ~ReadOnly()
+    {
+        munmap(pages_, size_);
+    }
+    ReadOnly(const ReadOnly&) = delete;
+    ReadOnly& operator=(const ReadOnly&) = delete;
+
+    void* get() const
+    {
+        return pages_;
+    }
+
+private:
+    size_t size_;
+    void* pages_;
+};
+
+// Composing writes nothing into a record or what hangs on it, or this test ends here.
+TEST(Exported, ComposingLeavesTheRecordAlone)
+{
+    for (const CatalogueEntry& entry : catalogue()) {
+        RecordBytes full = fullRecord(entry);
+        const std::string expected = test::compose(catalogueHeader(entry), full.data(), 0, 1 << 18).bytes;
+        const std::string hanging(std::max<size_t>(entry.extensionSize, 1), '1');
+        const ReadOnly extension(hanging.data(), hanging.size());
+        void* const pointer = extension.get();
+        if (entry.extensionSize != 0)
+            memcpy(reinterpret_cast<char*>(full.data()) + entry.pointerAt, &pointer, sizeof pointer);
+        const ReadOnly record(full.data(), entry.size);
+        for (const int kind : {0, 1, 2, 3})
+            for (const int mode : {-1, 0})
+                EXPECT_GT(test::compose(catalogueHeader(entry), record.get(), kind, 1 << 18, mode).result, 0)
+                    << entry.name();
+        EXPECT_EQ(test::compose(catalogueHeader(entry), record.get(), 0, 1 << 18).bytes, expected)
+            << entry.name();
+    }
 }
 
 } // namespace
