@@ -113,26 +113,36 @@ TEST(LogSecrets, LoginAtEveryLevel)
     }
 }
 
-// All messages with a password in them, each text of the record being that password.
+bool hasSecret(const std::string& text)
+{
+    for (const char* secret : {"Password=\"", "Passwd=\"", "Pwd=\"", "KeyValue=\""})
+        if (text.find(secret) != std::string::npos)
+            return true;
+    return false;
+}
+
+// All messages with a password or a key in them, each text of the record being that password.
 TEST(LogSecrets, EveryPasswordOfTheCatalogue)
 {
     int messages = 0;
-    for (const CatalogueEntry& entry : catalogue()) {
-        RecordBytes bytes = freshRecord(entry);
-        auto* const record = reinterpret_cast<char*>(bytes.data());
-        const Composed probe = test::compose(catalogueHeader(entry), fullRecord(entry).data(), 1, 1 << 18);
-        const std::string& text = entry.isBare() ? probe.bytes : probe.text;
-        if (text.find("\nPassword=\"") == std::string::npos)
-            continue;
-        // Wherever a text field begins, the secret comes within its first bytes.
-        for (size_t i = 0; i < entry.size; ++i)
-            record[i] = kSecret[i % kSecret.size()];
-        completeRecord(entry, record);
-        ++messages;
-        for (const ZEL_PLATFORM_LOG_LEVEL level : kLevels)
-            expectNothingSecret(printedAt(level, [&] { exchange(catalogueHeader(entry), record, 1); }));
-    }
-    EXPECT_GT(messages, 3);
+    for (const CatalogueEntry& entry : catalogue())
+        for (const int kind : entry.kinds) {
+            const Composed probe =
+                test::compose(catalogueHeader(entry), fullRecord(entry).data(), kind, 1 << 18);
+            if (!hasSecret(entry.isBare() ? probe.bytes : probe.text))
+                continue;
+            // Wherever a text field begins, the secret comes within its first bytes.
+            RecordBytes bytes = freshRecord(entry);
+            auto* const record = reinterpret_cast<char*>(bytes.data());
+            for (size_t i = 0; i < entry.size; ++i)
+                record[i] = kSecret[i % kSecret.size()];
+            completeRecord(entry, record);
+            ++messages;
+            for (const ZEL_PLATFORM_LOG_LEVEL level : kLevels)
+                expectNothingSecret(
+                    printedAt(level, [&] { exchange(catalogueHeader(entry), record, kind); }));
+        }
+    EXPECT_GT(messages, 20);
 }
 
 } // namespace
