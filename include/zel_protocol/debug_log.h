@@ -31,8 +31,8 @@ typedef struct DBG_CMD_PARAM
  * RespStr, and without that the bare text in acData.
  *
  * Raw data, DataLen bytes of a piece or iRespDataLen bytes of a response, stands behind the envelope and an
- * end code of four zero bytes. Composing announces both in the frame's head with the number's value, absent
- * or not, and never writes them: the application sends them itself, directly behind the frame.
+ * end code of four zero bytes. Composing announces both in the frame's head, a piece also with a DataLen
+ * that is absent, and never writes them: the application sends them itself, directly behind the frame.
  *
  * An analysed record has the four fields of a piece; or the status text or the RespStr line in acData, with
  * iRespDataLen if there is one; or the command in acCmd; or the body's bare text in acData, line feeds of the
@@ -43,11 +43,10 @@ typedef struct DBG_CMD_PARAM
  */
 typedef struct SYSTEM_LOG_PARAM
 {
-    int32_t XmlLen;   /**< a number of the application's */
-    int32_t StartPos; /**< of the piece within the file, in bytes */
-    int32_t DataLen;  /**< bytes of raw data behind a piece */
-    int32_t
-        iRespDataLen; /**< response: RESPONSE_DATA_LEN, bytes of raw data behind it; -1: no such response */
+    int32_t XmlLen;       /**< a number of the application's */
+    int32_t StartPos;     /**< of the piece within the file, in bytes */
+    int32_t DataLen;      /**< bytes of raw data behind a piece */
+    int32_t iRespDataLen; /**< response: RESPONSE_DATA_LEN, bytes of raw data; -1: no such response */
     char Filename[256];
     char acCmd[256];    /**< request: cmd, a command; response with data: RESPONSE_PARAM, a status text */
     char RespStr[256];  /**< response; written, never read */
