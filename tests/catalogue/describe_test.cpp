@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <map>
+#include <regex>
 #include <set>
 
 #include "support/catalogue.h"
@@ -86,6 +87,12 @@ std::string lastOf(const std::string& text, char separator)
     return at == std::string::npos ? text : text.substr(at + 1);
 }
 
+// Numbered attributes are one line of the list.
+std::string withoutNumber(const std::string& name)
+{
+    return std::regex_replace(name, std::regex("[0-9]+"), "#");
+}
+
 // --- Names -------------------------------------------------------------------------------------
 
 // Each attribute stands at the field of its name, or, where a name occurs twice, of its element and its name.
@@ -107,7 +114,7 @@ TEST(Descriptions, AttributesStandAtTheFieldOfTheirName)
                 const std::string field = fieldAt(owner, seen.offset, seen.size);
                 const std::string last = lastOf(field, '.');
                 if (last != name && last != element + "_" + name)
-                    odd.insert(owner + " " + seen.path + " " + name + " -> " + field);
+                    odd.insert(owner + " " + seen.path + " " + withoutNumber(name) + " -> " + field);
             });
         }
     }
