@@ -41,11 +41,10 @@ unsigned currentSecond() noexcept
 
 /*
  * Counts a line. Exact without a lock: the one thread that begins a second takes the count of the last one
- * with it, so each line is counted once, in whichever second.
+ * with it, so each line is counted once, in whichever second. Sets leftOut to it.
  */
 bool isWithinLimit(unsigned& leftOut) noexcept
 {
-    leftOut = 0;
     const unsigned most = mostLines.load(std::memory_order_relaxed);
     if (most == 0)
         return true;

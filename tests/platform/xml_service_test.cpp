@@ -131,12 +131,12 @@ TEST(XmlService, AttributesInAnyOrderAcrossNodesAndBeyondTheKnownOnes)
 TEST(XmlService, ValuesAreWritableAndStayWithTheDocument)
 {
     ZelXMLParser parser;
-    ASSERT_EQ(
-        0, parseExact(parser, "<r a=\"1,2\" b=\"&lt;&#65;&#x42;&#256;&amp;&unknown;\" c=\" x\r\n\ty \"/>"));
+    ASSERT_EQ(0, parseExact(parser, "<r a=\"1,2\" b=\"&lt;&#65;&#x42;&#256;&#x20AC;&#x1F642;&amp;&unknown;\""
+                                    " c=\" x\r\n\ty \"/>"));
     void* const root = parser.RootElement();
     EXPECT_STREQ("1", std::strtok(parser.Attribute(root, "a"), ","));
     EXPECT_STREQ("2", std::strtok(nullptr, ","));
-    EXPECT_EQ("<AB\xC4\x80&&unknown;", valueOf(parser, root, "b"));
+    EXPECT_EQ("<AB\xC4\x80\xE2\x82\xAC\xF0\x9F\x99\x82&&unknown;", valueOf(parser, root, "b"));
     EXPECT_EQ(" x\r\n\ty ", valueOf(parser, root, "c"));
     EXPECT_EQ("1", valueOf(parser, root, "a"));
 
