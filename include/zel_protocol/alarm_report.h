@@ -95,7 +95,7 @@ ZEL_API int ALARM_REPORT_CMD_RPEORT_ALARM_PARAM_init(ALARM_REPORT_CMD_RPEORT_ALA
  *
  * @param record     an ALARM_REPORT_CMD_RPEORT_ALARM_PARAM; NULL leaves the buffer alone.
  * @param kind       0 or 2; any other gives an empty body.
- * @param buf        receives the terminated text.
+ * @param buf        receives the terminated text; stays as it was where there is nothing to write.
  * @param iExtraLen  grows by 4 and the length of the feature block if the message announces one.
  * @return 0 or a status of ZEL_STATUS.
  */

@@ -70,7 +70,7 @@ ZEL_API int DebugLogMessageAnalysis(const char* text, int iBufLen, void** result
  * Composes the body alone.
  *
  * @param record     a SYSTEM_LOG_PARAM; NULL leaves the buffer alone.
- * @param buf        receives the terminated text.
+ * @param buf        receives the terminated text; stays as it was where there is nothing to write.
  * @param iExtraLen  grows by 4 and the length of the raw data if the message announces any; must not be NULL.
  * @return 0 or a status of ZEL_STATUS.
  */

@@ -43,7 +43,7 @@ ZEL_API int DEVICE_REPORT_3901_PARAM_init(DEVICE_REPORT_3901_PARAM* param);
  *
  * @param record  the record of that code; NULL leaves the buffer alone.
  * @param kind    any; the text is the same for all.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int DeviceReportMessageCompose(const void* record, int kind, const char* code, char* buf, int len);

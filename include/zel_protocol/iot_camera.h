@@ -69,7 +69,7 @@ typedef struct IOT_CAMERA_1522_PARAM
     uint8_t DefAlarmShow;
     uint8_t LightAlarm_Enable; /**< 0 or 1 */
     uint8_t LightAlarm_DefEnable;
-    uint8_t duration; /**< how long the light is on, s */
+    uint8_t duration; /**< how long the light is on */
     uint8_t DefDuration;
     uint8_t LightAlarm_ScheduleMode;
     uint8_t LightAlarm_DefScheduleMode;
@@ -118,7 +118,7 @@ ZEL_API int IOT_CAMERA_1523_PARAM_init(IOT_CAMERA_1523_PARAM* param);
  * Composes the body alone, of the message that `code` names.
  *
  * @param record  the record of that code; NULL leaves the buffer alone.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int IOTCameraMessageCompose(const void* record, int kind, const char* code, char* buf, int len);

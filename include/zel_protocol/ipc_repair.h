@@ -45,7 +45,7 @@ ZEL_API int IPC_REPAIR_PARAM_init(IPC_REPAIR_PARAM* param);
  * Composes the body alone.
  *
  * @param record  an IPC_REPAIR_PARAM; NULL leaves the buffer alone.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int IpcRepairMessageCompose(const void* record, int kind, char* buf, int len);

@@ -14,8 +14,8 @@ extern "C" {
 typedef struct LIVE_STREAM_VIDEO_PARAM
 {
     int32_t iReserved; /**< not on the wire */
-    int32_t Width;     /**< pixels */
-    int32_t Height;    /**< pixels */
+    int32_t Width;
+    int32_t Height;
     int32_t Framerate; /**< frames a second */
     int32_t Bitrate;   /**< kbit/s */
     char Encoder[16];  /**< name of the coding */
@@ -85,7 +85,7 @@ ZEL_API int LIVE_STREAM_CMD_STREAM_QUALITY_PARAM_init(LIVE_STREAM_CMD_STREAM_QUA
  * Composes the body alone, of the message that `code` names, and the attributes of a start response's header.
  *
  * @param record    the record of that code; NULL leaves both buffers alone.
- * @param buf       receives the terminated text of the body.
+ * @param buf       receives the terminated text of the body; stays as it was where there is nothing to write.
  * @param headBuf   receives the header's attributes, terminated, behind what it holds. It isn't looked at by
  * a message without any.
  * @param headSize  size of headBuf.

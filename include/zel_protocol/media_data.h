@@ -139,7 +139,7 @@ ZEL_API int MEDIA_DATA_8_PARAM_init(MEDIA_DATA_8_PARAM* param);
  * Composes the body alone, of the message that `code` names.
  *
  * @param record     the record of that code; NULL leaves the buffer alone.
- * @param buf        receives the terminated text.
+ * @param buf        receives the terminated text; stays as it was where there is nothing to write.
  * @param iExtraLen  grows by 4 and DataLen if the message announces data.
  * @return 0 or a status of ZEL_STATUS.
  */

@@ -62,7 +62,7 @@ typedef struct NVR_PRODUCE_TEST_4002_PARAM
 typedef struct NVR_PRODUCE_TEST_4003_PARAM
 {
     int32_t Soundtrack;
-    int32_t frequency; /**< Hz */
+    int32_t frequency;
     int32_t method;
     char format[32];
 } NVR_PRODUCE_TEST_4003_PARAM;
@@ -151,7 +151,7 @@ ZEL_API int NVR_PRODUCE_TEST_4011_PARAM_init(NVR_PRODUCE_TEST_4011_PARAM* param)
  * Composes the body alone, of the message that `code` names.
  *
  * @param record  the record of that code; NULL leaves the buffer alone.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int NvrProduceTestMessageCompose(const void* record, int kind, const char* code, char* buf, int len);

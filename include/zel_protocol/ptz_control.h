@@ -51,11 +51,11 @@ extern "C" {
  * a plain copy of the record still points into that block.
  *
  * An analysis takes the first command word of its order that stands anywhere in the text, in a value too, and
- * fills that command's extension; cmd is what the message itself says. From an honest peer the two agree, and
- * nothing in the record tells when they don't. So the block of an analysed record with an extension has room
- * for that of the command that cmd names too, and what wasn't filled is zero: following cmd reads nothing
- * beyond the block, as long as cmd is the received one. pExData is still to be tested: it is NULL where the
- * text's command has no extension.
+ * fills that command's extension; cmd is what the message itself says. The two agree unless a value holds a
+ * word of that order, and nothing in the record tells when they don't. So the block of an analysed record
+ * with an extension has room for that of the command that cmd names too, and what wasn't filled is zero:
+ * following cmd reads nothing beyond the block, as long as cmd is the received one. pExData is still to be
+ * tested: it is NULL where the text's command has no extension.
  */
 typedef struct PTZ_CONTROL_PTZ_CMD_PARAM
 {
@@ -84,7 +84,7 @@ ZEL_API int PTZ_CONTROL_PTZ_CMD_OUTHERCTRL_PARAM_init(PTZ_CONTROL_PTZ_CMD_OUTHER
  * of a response empty.
  *
  * @param record  a PTZ_CONTROL_PTZ_CMD_PARAM; NULL leaves the buffer alone.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int PtzControlMessageCompose(const void* record, int kind, char* buf, int len);

@@ -31,8 +31,9 @@ typedef struct PTZ_CONTROL_ORBIT_LINE
  * any. The response carries everything as attributes, without cmd or channelid. Numbers are written signed
  * and read by their bits.
  *
- * Lines beyond the sixteenth, and points beyond the 24th of a line, are passed over. A number of a point that
- * can't be read is that of the point before it in its list, be it in the line before, and 0 at first.
+ * Lines beyond the sixteenth, and points beyond the 24th of a line, are passed over. Of a point "preset:time"
+ * the first 11 characters are read. A number of a point that can't be read is that of the point before it in
+ * its list, be it in the line before, and 0 at first.
  */
 typedef struct PTZ_CONTROL_PTZ_CMD_GETORBITLIST_PARAM
 {
@@ -77,11 +78,13 @@ typedef struct PTZ_CONTROL_LOCUS_LINE
 
 /**
  * GetLocusList: the loci. The request needs no extension, nor has an analysed one any. The response carries
- * everything as attributes, without a cmd. Neither has a channelid.
+ * everything as attributes, without a cmd. Neither has a channelid. A number that a received line lacks stays
+ * at its absent value.
  */
 typedef struct PTZ_CONTROL_PTZ_CMD_GETLOCUSLIST_PARAM
 {
-    uint32_t line_max; /**< lines to write, at most 16; as received, whatever the number of lines that came */
+    uint32_t
+        line_max; /**< lines to write; absent or above 16: all 16. As received, however many lines came */
     PTZ_CONTROL_LOCUS_LINE stLine[16];
 } PTZ_CONTROL_PTZ_CMD_GETLOCUSLIST_PARAM;
 

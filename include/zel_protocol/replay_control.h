@@ -26,7 +26,7 @@ ZEL_API int REPLAY_CONTROL_PARAM_init(REPLAY_CONTROL_PARAM* param);
  *
  * @param record  a REPLAY_CONTROL_PARAM; NULL leaves the buffer alone.
  * @param kind    any; the text is the same for all.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int ReplayControlMessageCompose(const void* record, int kind, const char* code, char* buf, int len);

@@ -17,9 +17,9 @@ extern "C" {
  */
 typedef struct REVERSE_AUDIO_CMD_RA_START_PARAM
 {
-    int32_t Channels;     /**< number of the audio's channels */
-    int32_t ConnectType;  /**< the transport; ConnectionType in a response */
-    int32_t SampleRate;   /**< Hz */
+    int32_t Channels;    /**< number of the audio's channels */
+    int32_t ConnectType; /**< the transport; ConnectionType in a response */
+    int32_t SampleRate;
     char AudioForamt[32]; /**< name of the audio codec; AudioCodec in a response */
     char Sessionid[64];   /**< not written when empty */
     int32_t Bitrate;      /**< BitsPerSample in a response: bits of one sample */
@@ -39,7 +39,7 @@ ZEL_API int REVERSE_AUDIO_CMD_RA_STOP_PARAM_init(REVERSE_AUDIO_CMD_RA_STOP_PARAM
  * Composes the body alone, of the message that `code` names.
  *
  * @param record  the record of that code; NULL leaves the buffer alone.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int ReverseAudioMessageCompose(const void* record, int kind, const char* code, char* buf, int len);

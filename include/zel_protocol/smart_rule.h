@@ -25,8 +25,8 @@ typedef struct TIME_PERIOD
 /** A point of a line or of a region's border, within the rule's video resolution. */
 typedef struct COORDINATE
 {
-    int32_t X; /**< pixels */
-    int32_t Y; /**< pixels */
+    int32_t X;
+    int32_t Y;
 } COORDINATE;
 
 /**
@@ -78,7 +78,7 @@ typedef struct SMART_RULE_PARAM
     uint8_t ShowAlarmLine;           /**< switch: the line is on the picture */
     uint8_t MaxCoordinateCapability; /**< points that the device can take */
     uint8_t LineCoordinatesNum;      /**< points used */
-    uint8_t DefTrackEnable;
+    uint8_t DefTrackEnable;          /**< read from a change of settings too */
     uint8_t TrackEnable;             /**< switch: the camera follows what it found */
     COORDINATE LineCoordinates[8];   /**< the line, or the region's border */
     TIME_PERIOD AudioAlarmPeriod[4]; /**< when the sound may be played */

@@ -37,7 +37,7 @@ extern "C" {
  * Code 1020 takes the record of the control family's message of that code; 3802 has neither record nor body.
  *
  * @param record  the record of that code; NULL leaves the buffer alone.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int SystemConfigMessageCompose(const void* record, int kind, const char* code, char* buf, int len);

@@ -79,7 +79,7 @@ typedef struct SYSTEM_CONFIG_GET_1429_PARAM
     TIME_PERIOD LightAlarmPeriod[4];
     TIME_PERIOD AnalysisPeriod[4]; /**< when the algorithm runs */
     COORDINATE LineCoordinates[8];
-    int32_t VideoResolution[2]; /**< width and height in pixels that the coordinates refer to */
+    int32_t VideoResolution[2]; /**< width and height that the coordinates refer to */
 } SYSTEM_CONFIG_GET_1429_PARAM;
 
 /**

@@ -22,7 +22,7 @@ typedef struct SYSTEM_CONFIG_GET_502_PARAM
     uint8_t Play_Volume;       /**< of the loudspeaker */
     uint8_t Play_DefVolume;    /**< and the device's default; 502 only */
     int32_t Channels;          /**< 1 mono, 2 stereo; 522 only, left out when absent */
-    uint32_t SampleRate;       /**< Hz */
+    uint32_t SampleRate;
     uint32_t BitRate;
     uint32_t BitsPerSample; /**< 522 only, left out when absent */
     char EncodeType[32];    /**< name of the coding */

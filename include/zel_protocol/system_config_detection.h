@@ -45,7 +45,7 @@ typedef struct SYSTEM_CONFIG_GET_1417_PARAM
     uint8_t DefDetectionSens;
     uint8_t LightAlarmEnable; /**< 0 or 1 */
     uint8_t DefLightAlarmEnable;
-    uint8_t Lightduration; /**< how long the light is on, s */
+    uint8_t Lightduration; /**< how long the light is on */
     uint8_t LightScheduleMode;
     uint8_t DefLightScheduleMode;
     uint8_t LightAlarmPeriodNum;

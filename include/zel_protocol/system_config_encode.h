@@ -19,7 +19,7 @@ typedef struct SYSTEM_CONFIG_STREAM_ROW
 {
     int32_t Stream;    /**< number of the stream; -1: a free row */
     int32_t Initquant; /**< quantiser to start from */
-    int32_t BitRate;   /**< kbit/s */
+    int32_t BitRate;
     int32_t FrameRate; /**< frames per second */
     int32_t ImageQuality;
     int32_t MotionLevel;
@@ -41,7 +41,7 @@ typedef struct SYSTEM_CONFIG_SET_523_PARAM
     uint8_t IvpAdvanceIsp;      /**< 0/1: better picture processing */
     uint8_t IvpLowBitrate;      /**< 0/1: lower bit rate */
     uint8_t IvpAdvanceIspNew;   /**< level of the better picture processing */
-    int32_t WDRStartTime[3];    /**< hours, minutes, seconds; written with WDRMode alone, even if absent */
+    int32_t WDRStartTime[3];    /**< hours, minutes, seconds; written with a WDRMode, even if absent */
     int32_t WDREndTime[3];      /**< the same */
     SYSTEM_CONFIG_STREAM_ROW stEncodeConfig[2];
 } SYSTEM_CONFIG_SET_523_PARAM;

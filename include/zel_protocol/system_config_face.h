@@ -51,7 +51,7 @@ typedef struct SYSTEM_CONFIG_GET_1407_PARAM
     TIME_PERIOD AudioAlarmPeriod[4];
     TIME_PERIOD LightAlarmPeriod[4];
     COORDINATE LineCoordinates[8];
-    int32_t VideoResolution[2]; /**< width and height in pixels that the coordinates refer to */
+    int32_t VideoResolution[2]; /**< width and height that the coordinates refer to */
 } SYSTEM_CONFIG_GET_1407_PARAM;
 
 /** 1408: sets what 1407 gets. Request only, without defaults. */

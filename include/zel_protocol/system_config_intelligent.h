@@ -19,8 +19,8 @@ extern "C" {
  */
 typedef struct SYSTEM_CONFIG_GET_1402_PARAM
 {
-    int32_t ErrorCode;   /**< not on the wire */
-    int32_t iResultFlag; /**< not on the wire */
+    int32_t ErrorCode;   /**< 1426 only */
+    int32_t iResultFlag; /**< 1426 only */
     SMART_RULE_PARAM stRegion;
     SMART_RULE_PARAM stCrossBoundary;
 } SYSTEM_CONFIG_GET_1402_PARAM;

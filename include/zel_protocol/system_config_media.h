@@ -13,9 +13,9 @@ extern "C" {
 /** A video encoder. Its row is its place in the message. */
 typedef struct SYSTEM_CONFIG_ENCODE_ROW
 {
-    int32_t Stream;          /**< its number, which may differ from the row */
-    int32_t Initquant;       /**< quantiser to start with */
-    int32_t BitRate;         /**< kbit/s */
+    int32_t Stream;    /**< its number, which may differ from the row */
+    int32_t Initquant; /**< quantiser to start with */
+    int32_t BitRate;
     int32_t FrameRate;       /**< frames a second */
     char Resolution[32];     /**< width and height as a text */
     char EncodeFormat[16];   /**< name of the coding */
@@ -143,8 +143,8 @@ typedef struct SYSTEM_CONFIG_GET_500_PARAM
     uint8_t Capture_Volume;                     /**< of the microphone */
     uint8_t Play_Volume;                        /**< of the loudspeaker */
     uint32_t SampleRate;                        /**< samples a second */
-    uint32_t BitRate;                           /**< kbit/s */
-    char EncodeType[32];                        /**< name of the coding */
+    uint32_t BitRate;
+    char EncodeType[32]; /**< name of the coding */
 } SYSTEM_CONFIG_GET_500_PARAM;
 
 /* 520: sets what 500 gets. Request only. */

@@ -61,7 +61,7 @@ typedef struct SYSTEM_CONFIG_GET_1422_PARAM
     uint8_t ScenePeriodNum;
     uint8_t LightScheduleMode;
     uint8_t DefLightScheduleMode;
-    uint8_t Lightduration; /**< how long the light is on, s */
+    uint8_t Lightduration; /**< how long the light is on */
     uint8_t DefLightduration;
     uint8_t LightAlarmPeriodNum;
     uint8_t AudioScheduleMode;
@@ -73,7 +73,7 @@ typedef struct SYSTEM_CONFIG_GET_1422_PARAM
     uint8_t DefIoScheduleMode;
     uint8_t IoAlarmLevel; /**< level of the alarm output */
     uint8_t DefIoAlarmLevel;
-    uint8_t IoDuration; /**< how long the alarm output is on, s */
+    uint8_t IoDuration; /**< how long the alarm output is on */
     uint8_t DefIoDuration;
     uint8_t IoAlarmPeriodNum;
     uint8_t AlarmAudioIndex; /**< the sound, as AlarmAudioName; both go out in any case */
@@ -95,8 +95,8 @@ typedef struct SYSTEM_CONFIG_GET_1422_PARAM
 } SYSTEM_CONFIG_GET_1422_PARAM;
 
 /**
- * 1423: operates on a scene. Request only; without defaults, SceneEnable and the numbers of scenes, and
- * ucAlarmTypeNum isn't set by its analysis.
+ * 1423: operates on a scene. Request only; without defaults, SceneEnable, NextSceneIndex and the numbers of
+ * scenes. SceneIndex is that of its Param element, and ucAlarmTypeNum isn't set by its analysis.
  */
 typedef SYSTEM_CONFIG_GET_1422_PARAM SYSTEM_CONFIG_SET_1423_PARAM;
 

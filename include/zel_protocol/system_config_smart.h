@@ -25,7 +25,7 @@ typedef SYSTEM_CONFIG_GET_1492_PARAM SYSTEM_CONFIG_SET_1493_PARAM;
  * belongs to the light and the sound stands in an element each, under names without "Light" and "Audio".
  *
  * A `...Num` counts the entries of its list, which ends at the array's end whatever the number says, its
- * absent value included. Of a written list 255 bytes are sent.
+ * absent value included. A written list is cut after 255 bytes.
  */
 typedef struct SYSTEM_CONFIG_GET_1494_PARAM
 {
@@ -36,9 +36,9 @@ typedef struct SYSTEM_CONFIG_GET_1494_PARAM
     uint8_t MaxCoordinateCapability; /**< points that the device can take; not in 1495 */
     uint8_t LineCoordinatesNum;
     int32_t DefDetectionSensRange[2]; /**< bounds of DetectionSens; not in 1495 */
-    int32_t VideoResolution[2];       /**< width and height in pixels that the coordinates refer to */
+    int32_t VideoResolution[2];       /**< width and height that the coordinates refer to */
     uint8_t LightEnable;              /**< "Enable", 0 or 1 */
-    uint8_t Lightduration;            /**< "duration": how long the light is on, s */
+    uint8_t Lightduration;            /**< "duration": how long the light is on */
     uint8_t ucLightReserved;          /**< not on the wire */
     uint8_t LightScheduleMode;        /**< "ScheduleMode" */
     uint32_t LightAlarmPeriodNum;     /**< "AlarmPeriodNum"; written signed */

@@ -22,7 +22,7 @@ extern "C" {
  * Composes the body alone, of the message that `code` names.
  *
  * @param record  the record of that code; NULL leaves the buffer alone.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int SystemControlMessageCompose(const void* record, int kind, const char* code, char* buf, int len);

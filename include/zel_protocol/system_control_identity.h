@@ -122,7 +122,7 @@ ZEL_API int SYSTEM_CONTROL_3000_PARAM_init(SYSTEM_CONTROL_3000_PARAM* param);
  * Composes the body of 1020 alone, here and in the configuration family.
  *
  * @param record  must not be NULL.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int SystemControl_GetSysAbality_MessageCompose(const SYSTEM_CONTROL_1020_PARAM* record, int kind,

@@ -25,7 +25,7 @@ ZEL_API int SYSTEM_ENCRYPT_150_PARAM_init(SYSTEM_ENCRYPT_150_PARAM* param);
  *
  * @param record  a SYSTEM_ENCRYPT_150_PARAM; NULL gives an empty body.
  * @param kind    any; the text is the same for all.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int SystemEncryptMessageCompose(const void* record, int kind, char* buf, int len);

@@ -36,7 +36,7 @@ ZEL_API int USER_AUTH_CMD_USER_AUTH_PARAM_init(USER_AUTH_CMD_USER_AUTH_PARAM* pa
  * Composes the body alone.
  *
  * @param record  a USER_AUTH_CMD_USER_AUTH_PARAM; NULL gives an empty body.
- * @param buf     receives the terminated text.
+ * @param buf     receives the terminated text; stays as it was where there is nothing to write.
  * @return 0 or a status of ZEL_STATUS.
  */
 ZEL_API int UserAuthMessageCompose(const void* record, int kind, char* buf, int len);
