@@ -251,16 +251,16 @@ void textElement(Side& side, Name name, char* field, size_t size, Tags tags)
         [&](const ElementReader& in) { readOwnText(in, field, size); });
 }
 
-bool ownText(Side& side, char* field, size_t size)
+void ownText(Side& side, char* field, size_t size)
 {
     if (isText(side)) {
         writerOf(side).append(field, strnlen(field, size));
-        return false;
+    } else if (isTree(side)) {
+        readOwnText(readerOf(side).at, field, size);
+    } else {
+        Visitor& visitor = visitorOf(side);
+        visitor.see(visitor, {"", ZEL_FORM_TEXT, false, field, size});
     }
-    if (isTree(side))
-        return readOwnText(readerOf(side).at, field, size);
-    Visitor& visitor = visitorOf(side);
-    return visitor.see(visitor, {"", ZEL_FORM_TEXT, false, field, size});
 }
 
 void textElement(Side& side, Name name, const TextForm& form, void* record, void* field, size_t size)

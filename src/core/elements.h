@@ -219,8 +219,8 @@ void textElementIfSet(Side& side, Name name, char (&field)[Size])
         textElement(side, name, field, Size);
 }
 
-// The text of the element itself; tells whether there was one to read.
-bool ownText(Side& side, char* field, size_t size);
+// The text of the element itself.
+void ownText(Side& side, char* field, size_t size);
 
 // A text of any length that functions put together from a record, and take apart.
 struct TextForm

@@ -189,7 +189,8 @@ int analyseOnly(const Family& family, Message& message, std::string_view, void**
 
 int finishBody(TextWriter& out, int status)
 {
-    *out.cursor = '\0';
+    if (out.length() != 0)
+        *out.cursor = '\0';
     if (status != 0)
         return status;
     return out.overflowed() ? ZEL_ERR_BUFFER_SMALL : 0;

@@ -414,7 +414,8 @@ int composeAnnouncing(const Family& family, const void* record, int kind, const 
                       int len, int* iExtraLen);
 int analyseText(const Family& family, const char* text, const char* code, void** result);
 
-// Ends a body's text in its buffer; 0, the status so far, or ZEL_ERR_BUFFER_SMALL.
+// Ends a body's text in its buffer, which stays as it was where there is none; 0, the status so far, or
+// ZEL_ERR_BUFFER_SMALL.
 int finishBody(TextWriter& out, int status);
 
 } // namespace zel

@@ -95,30 +95,69 @@ std::string withoutNumber(const std::string& name)
 
 // --- Names -------------------------------------------------------------------------------------
 
+// Each attribute and each text of the catalogue, with the name of the record that holds it.
+template <class Take>
+void forEachAttribute(Take take)
+{
+    for (const CatalogueEntry& entry : catalogue()) {
+        ZEL_CATALOGUE_ENTRY known;
+        ASSERT_EQ(ZelProtocolCatalogueEntry(entry.index, &known), 0);
+        for (int kind = 0; kind < 2; ++kind)
+            describe(entry, kind, [&](const ZEL_DESCRIPTION& seen) {
+                if (seen.attribute)
+                    take(std::string(seen.in_extension ? known.extension : known.record), seen);
+            });
+    }
+}
+
+std::string lineOf(const std::string& owner, const ZEL_DESCRIPTION& seen)
+{
+    return owner + " " + seen.path + " " + withoutNumber(seen.attribute);
+}
+
 // Each attribute stands at the field of its name, or, where a name occurs twice, of its element and its name.
 // What doesn't is the protocol's own oddity, and on the list.
 TEST(Descriptions, AttributesStandAtTheFieldOfTheirName)
 {
     std::set<std::string> odd;
-    for (const CatalogueEntry& entry : catalogue()) {
-        for (int kind = 0; kind < 2; ++kind) {
-            describe(entry, kind, [&](const ZEL_DESCRIPTION& seen) {
-                if (!seen.attribute)
-                    return;
-                ZEL_CATALOGUE_ENTRY known;
-                ASSERT_EQ(ZelProtocolCatalogueEntry(entry.index, &known), 0);
-                const std::string owner = seen.in_extension ? known.extension : known.record;
-                const std::string element = lastOf(seen.path, '/');
-                // A text is called as its element is.
-                const std::string name = *seen.attribute ? seen.attribute : element;
-                const std::string field = fieldAt(owner, seen.offset, seen.size);
-                const std::string last = lastOf(field, '.');
-                if (last != name && last != element + "_" + name)
-                    odd.insert(owner + " " + seen.path + " " + withoutNumber(name) + " -> " + field);
-            });
-        }
-    }
+    forEachAttribute([&](const std::string& owner, const ZEL_DESCRIPTION& seen) {
+        const std::string element = lastOf(seen.path, '/');
+        // A text is called as its element is.
+        const std::string name = *seen.attribute ? seen.attribute : element;
+        const std::string field = fieldAt(owner, seen.offset, seen.size);
+        const std::string last = lastOf(field, '.');
+        if (last != name && last != element + "_" + name)
+            odd.insert(owner + " " + seen.path + " " + withoutNumber(name) + " -> " + field);
+    });
     expectLines("odd_names.txt", odd);
+}
+
+// Everything that isn't a plain number or text.
+TEST(Descriptions, FormsOfTheirOwn)
+{
+    static constexpr std::string_view kNames[] = {
+        "",        "signed",      "hex",        "atoi",        "float",
+        "",        "whole text",  "clock",      "plain clock", "week clock",
+        "numbers", "brackets",    "resolution", "periods",     "coordinates",
+        "list",    "joined list", "text list",  "own"};
+    std::set<std::string> odd;
+    forEachAttribute([&](const std::string& owner, const ZEL_DESCRIPTION& seen) {
+        const std::string_view form = kNames[seen.form];
+        if (!form.empty())
+            odd.insert(lineOf(owner, seen) + ": " + std::string(form));
+    });
+    expectLines("odd_forms.txt", odd);
+}
+
+// What isn't written at its absent value, in rows too.
+TEST(Descriptions, SkippedAtTheirAbsentValue)
+{
+    std::set<std::string> skipped;
+    forEachAttribute([&](const std::string& owner, const ZEL_DESCRIPTION& seen) {
+        if (seen.is_skipped)
+            skipped.insert(lineOf(owner, seen));
+    });
+    expectLines("skipped.txt", skipped);
 }
 
 // The names in a body, in order, once each.

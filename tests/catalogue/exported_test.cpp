@@ -221,7 +221,8 @@ std::string bodyOf(const CatalogueEntry& entry, const void* record, int kind)
     return text.substr(begin, text.rfind("\n</MESSAGE_BODY>") - begin);
 }
 
-// The terminated text needs a byte more than it has; with less there is an error and no byte beyond.
+// The terminated text needs a byte more than it has; with less there is an error and no byte beyond. Where
+// there is nothing to write the buffer stays as it was.
 TEST(Exported, ABodyNeedsItsBytesAndOneMore)
 {
     constexpr char kUntouched = '\x5A';
@@ -250,6 +251,15 @@ TEST(Exported, ABodyNeedsItsBytesAndOneMore)
             std::vector<char> out(1, kUntouched);
             found->second({nullptr, kind, code.c_str(), out.data(), 1});
             EXPECT_EQ(out[0], kUntouched) << entry.name();
+        }
+        for (const int kind : {0, 1}) {
+            if (std::find(entry.kinds.begin(), entry.kinds.end(), kind) != entry.kinds.end())
+                continue;
+            std::vector<char> out(8, kUntouched);
+            EXPECT_EQ(found->second({record.data(), kind, code.c_str(), out.data(), 8}),
+                      code == "CMD_HEARTBEAT" ? static_cast<int>(ZEL_ERR_UNKNOWN_MSG) : 0)
+                << entry.name();
+            EXPECT_EQ(out[0], kUntouched) << entry.name() << kind;
         }
     }
     EXPECT_EQ(composedTypes.size(), bodyComposers().size());

@@ -49,6 +49,8 @@ TEST(Heartbeat, ExportedPair)
     EXPECT_EQ(HeartbeatMessageCompose(&header, &beat, out, 22, 7), ZEL_ERR_BUFFER_SMALL);
     EXPECT_EQ(HeartbeatMessageCompose(&header, &beat, out, 22, 22), ZEL_ERR_BUFFER_SMALL);
     EXPECT_EQ(HeartbeatMessageCompose(&header, nullptr, out, 22, 7), 0);
+    EXPECT_EQ(HeartbeatMessageCompose(&header, &beat, out, 1, 0), ZEL_ERR_BUFFER_SMALL);
+    EXPECT_STREQ(out, "");
     resetServices();
     EXPECT_EQ(HeartbeatMessageCompose(nullptr, &beat, out, 22, 7), ZEL_ERR_NO_HEADER);
     EXPECT_TRUE(loggedOnly("HeartbeatMessageCompose put a empty msghead\n"));

@@ -169,8 +169,9 @@ TEST(LiveStream, WhereTheHeaderGoes)
     EXPECT_EQ(composeInto(nullptr, 0, 0, 0), 0);
     EXPECT_EQ(composeInto(nullptr, 0, 0, 1, "CMD_STREAM_STOP"), 0);
     start.ConnectNum = -1;
+    strcpy(body, "before");
     EXPECT_EQ(composeInto(nullptr, 0, 0), 0);
-    EXPECT_STREQ(body, "");
+    EXPECT_STREQ(body, "before");
 }
 
 TEST(LiveStream, Failures)

@@ -236,6 +236,7 @@ TEST(MediaData, DataStaysWithinWhatWasReceived)
     ASSERT_EQ(all.result, 0);
     EXPECT_EQ(std::string(all.as<MEDIA_DATA_1_PARAM>().pData, whole), all.payload);
     EXPECT_EQ(announced(whole + 1, noEndCode).result, ZEL_ERR_BAD_CONTENT);
+    EXPECT_EQ(*announced(1, kBehind).as<MEDIA_DATA_1_PARAM>().pData, '1');
     EXPECT_EQ(announced(INT_MAX, kBehind).result, ZEL_ERR_BAD_CONTENT);
     for (const char* code : {"2", "4", "5"})
         EXPECT_EQ(received(code, "<DataInfo/><POS DataLen='2147483643'/>", kBehind).result,
