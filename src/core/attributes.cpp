@@ -281,7 +281,10 @@ void atoiForm(Side& side, Name name, int32_t& field, bool isSkipped)
 
 void attribute(Side& side, Name name, uint32_t& field)
 {
-    longNumberAttribute(side, name, field, !kSkipped);
+    if (hasRoom(side, name, kLongestNumber))
+        putClosing(side, printNumber(putOpening(side.cursor, name), field));
+    else
+        longNumberAttribute(side, name, field, !kSkipped);
 }
 
 void attribute(Side& side, Name name, uint64_t& field)
@@ -451,7 +454,11 @@ void attributeBehindBlank(Side& side, Name name, int32_t& field)
 
 void textAttributeBehindBlank(Side& side, Name name, char* field, size_t size)
 {
-    if (isText(side)) {
+    if (hasRoom(side, name, size + 1)) {
+        char* const at = putName(side.cursor, name);
+        memcpy(at, " =\"", 3);
+        putClosing(side, putText(at + 3, field, size));
+    } else if (isText(side)) {
         writerOf(side).append(name.text, name.length);
         textAttribute(side, " ", field, size);
     } else {
@@ -470,8 +477,7 @@ void appendLine(Side& side, Name name, std::string_view text)
 {
     if (hasRoom(side, name, text.size())) {
         char* const at = putOpening(side.cursor, name);
-        memcpy(at, text.data(), text.size());
-        putClosing(side, at + text.size());
+        putClosing(side, putName(at, {text.data(), text.size()}));
     } else {
         appendPieces(writerOf(side), name, text.data(), text.size());
     }

@@ -225,14 +225,14 @@ int composeFramed(Envelope& message, const Frame& frame, size_t bodyBuffer)
     return result;
 }
 
-Envelope envelope(const ZEL_PROTOCOL_HEADER& header, const void* record, int kind)
+inline Envelope envelope(const ZEL_PROTOCOL_HEADER& header, const void* record, int kind)
 {
     const std::string_view type = textOf(header.Msg_type);
     const std::string_view code = textOf(header.Msg_code);
     return {header, type, code, findFamily(type, code), record, kind, 0};
 }
 
-bool isTransparent(const Envelope& message)
+inline bool isTransparent(const Envelope& message)
 {
     return message.type == "TRANSPARENT_CHANNEL_MSG" && message.record;
 }

@@ -38,7 +38,7 @@ void closeTag(TextWriter& out, Name name, Tags tags)
     out.append(">\n", (tags & kNoLineFeed) != 0 ? 1 : 2);
 }
 
-void closeElement(TextWriter& out, Name name, Tags tags)
+void endElement(TextWriter& out, Name name, Tags tags)
 {
     if (tags == kAttributes) {
         out.append("/>\n");
@@ -78,45 +78,56 @@ void* goTo(TreeReader& reader, const ElementReader& found)
     if (isTree(side)) {
         readerOf(side).at.node = outer;
     } else if (isText(side)) {
-        closeElement(writerOf(side), name, tags);
+        endElement(writerOf(side), name, tags);
     } else {
         Visitor& visitor = visitorOf(side);
         visitor.leave(visitor);
     }
 }
 
+// The most that stands around a name.
+constexpr size_t kAroundName = sizeof("</>\r\n");
+
 // Opens an element; null if there is none.
-[[gnu::noinline]] void* enter(Side& side, Name name, Tags tags, size_t index = 0, const Rows* rows = nullptr)
+inline void* enter(Side& side, Name name, Tags tags, size_t index = 0, const Rows* rows = nullptr)
 {
-    // Mostly its name stands alone, or between brackets.
-    if (likely(side.left() >= name.length + 3 && (tags & ~(kElements | kBoth)) == 0)) {
-        char* at = side.cursor;
-        *at++ = '<';
-        at = putName(at, name);
-        if ((tags & kElements) != 0)
-            *at++ = '>';
+    if (!likely(side.left() >= name.length + kAroundName))
+        return enterElsewhere(side, name, tags, index, rows);
+    char* at = side.cursor;
+    *at++ = '<';
+    at = putName(at, name);
+    if ((tags & kElements) != 0)
+        *at++ = '>';
+    if ((tags & (kBlankBehindName | kOnLine)) != 0)
+        *at++ = ' ';
+    if ((tags & kCarriageReturn) != 0)
+        *at++ = '\r';
+    if ((tags & kOnLine) == 0)
         *at++ = '\n';
-        side.cursor = at;
-        return &side;
-    }
-    return enterElsewhere(side, name, tags, index, rows);
+    side.cursor = at;
+    return &side;
 }
 
-[[gnu::noinline]] void leave(Side& side, Name name, Tags tags, void* outer)
+inline void leave(Side& side, Name name, Tags tags, void* outer)
 {
-    if (tags == kAttributes && likely(side.left() >= 3)) {
-        memcpy(side.cursor, "/>\n", 3);
-        side.cursor += 3;
-    } else if ((tags & (kElements | kBoth)) != 0 && likely(side.left() >= name.length + 4) &&
-               (tags & kNoLineFeed) == 0) {
-        char* at = side.cursor;
+    if (!likely(side.left() >= name.length + kAroundName)) {
+        leaveElsewhere(side, name, tags, outer);
+        return;
+    }
+    char* at = side.cursor;
+    if ((tags & (kElements | kBoth)) != 0) {
         memcpy(at, "</", 2);
         at = putName(at + 2, name);
         memcpy(at, ">\n", 2);
-        side.cursor = at + 2;
     } else {
-        leaveElsewhere(side, name, tags, outer);
+        if ((tags & (kAtQuote | kOnLine)) != 0)
+            --at; // What has room now lost nothing before.
+        if ((tags & kBlankAtEnd) != 0)
+            *at++ = ' ';
+        memcpy(at, "/>\n", 3);
+        ++at;
     }
+    side.cursor = at + ((tags & kNoLineFeed) != 0 ? 1 : 2);
 }
 
 // A text element's content: write() while writing, read(element) or what a visitor sees otherwise.
@@ -170,20 +181,31 @@ bool readOwnText(const ElementReader& in, char* field, size_t size)
 
 } // namespace
 
-Element::Element(Side& side, Name name, Tags tags)
-    : side_(side), name_(name), tags_(tags), outer_(enter(side, name, tags))
-{}
-
-void Element::close()
+void* openElement(Side& side, Name name, Tags tags)
 {
-    leave(side_, name_, tags_, outer_);
+    return enter(side, name, tags);
 }
 
-void Element::elements() const
+void* openElement(Side& side, Name name)
 {
-    if (isText(side_)) {
-        endAttributes(writerOf(side_), tags_);
-        writerOf(side_).append(">\n");
+    return enter(side, name, kAttributes);
+}
+
+void closeElement(Side& side, Name name, Tags tags, void* outer)
+{
+    leave(side, name, tags, outer);
+}
+
+void closeElement(Side& side, void* outer)
+{
+    leave(side, "", kAttributes, outer);
+}
+
+void beginElements(Side& side, Tags tags)
+{
+    if (isText(side)) {
+        endAttributes(writerOf(side), tags);
+        writerOf(side).append(">\n");
     }
 }
 

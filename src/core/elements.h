@@ -33,16 +33,31 @@ constexpr Tags operator|(Tags a, Tags b)
     return static_cast<Tags>(static_cast<uint8_t>(a) | static_cast<uint8_t>(b));
 }
 
+// Opens an element and closes it; `outer` is where a reader goes on behind it, null if there is no element.
+void* openElement(Side& side, Name name, Tags tags);
+void* openElement(Side& side, Name name); // kAttributes
+void closeElement(Side& side, Name name, Tags tags, void* outer);
+void closeElement(Side& side, void* outer); // kAttributes
+void beginElements(Side& side, Tags tags);
+
+// All of it is inlined, so that what a list says of an element needs no place in memory.
 class [[nodiscard]] Element
 {
 public:
-    Element(Side& side, Name name, Tags tags);
+    Element(Side& side, Name name, Tags tags)
+        : side_(side), name_(name), tags_(tags),
+          outer_(tags == kAttributes ? openElement(side, name) : openElement(side, name, tags))
+    {}
     // None.
     explicit Element(Side& side) : side_(side), name_(""), tags_(kAttributes), outer_(nullptr) {}
     ~Element()
     {
-        if (outer_)
-            close();
+        if (!outer_)
+            return;
+        if (tags_ == kAttributes)
+            closeElement(side_, outer_);
+        else
+            closeElement(side_, name_, tags_, outer_);
     }
     Element(const Element&) = delete;
     Element& operator=(const Element&) = delete;
@@ -53,15 +68,16 @@ public:
     }
 
     // Behind the attributes of an element that has elements too.
-    void elements() const;
+    void elements() const
+    {
+        beginElements(side_, tags_);
+    }
 
 private:
-    void close();
-
     Side& side_;
     const Name name_;
     const Tags tags_;
-    void* outer_; // where a reader goes on behind it; null: there is no such element
+    void* const outer_;
 };
 
 inline Element element(Side& side, Name name, Tags tags = kAttributes)

@@ -5,19 +5,38 @@ namespace zel {
 namespace {
 
 constexpr const Family* kAll[] = {
-    &kHeartbeatFamily,    &kTransparentFamily,   &kUserAuthFamily,     &kSystemEncryptFamily,
-    &kSearchFamily,       &kLiveStreamFamily,    &kMediaDataFamily,    &kNvrReplayFamily,
-    &kReverseAudioFamily, &kPtzControlFamily,    &kAlarmReportFamily,  &kSystemControlFamily,
-    &kSystemConfigFamily, &kIotCameraFamily,     &kIpcRepairFamily,    &kNvrInternalFamily,
-    &kProduceTestFamily,  &kReplayControlFamily, &kDeviceReportFamily, &kDebugFamily,
-    &kSystemLogFamily,    &kDebugSwitchFamily,
+    // The usual ones first; the heartbeat's code goes before the other messages of its types.
+    &kHeartbeatFamily,     &kUserAuthFamily,      &kAlarmReportFamily,  &kSystemConfigFamily,
+    &kSystemControlFamily, &kLiveStreamFamily,    &kPtzControlFamily,   &kMediaDataFamily,
+    &kNvrReplayFamily,     &kReplayControlFamily, &kSearchFamily,       &kReverseAudioFamily,
+    &kSystemEncryptFamily, &kTransparentFamily,   &kIotCameraFamily,    &kIpcRepairFamily,
+    &kNvrInternalFamily,   &kProduceTestFamily,   &kDeviceReportFamily, &kDebugFamily,
+    &kSystemLogFamily,     &kDebugSwitchFamily,
 };
+
+// Types are compared in words that may overlap, in place of a call.
+bool isSame(Name name, std::string_view text)
+{
+    constexpr size_t kWord = 8;
+    const auto differs = [&](size_t at) {
+        uint64_t one;
+        uint64_t other;
+        memcpy(&one, name.text + at, kWord);
+        memcpy(&other, text.data() + at, kWord);
+        return one != other;
+    };
+    if (name.length != text.size() || name.length < kWord)
+        return false;
+    for (size_t at = 0; at + kWord < name.length; at += kWord)
+        if (differs(at))
+            return false;
+    return !differs(name.length - kWord);
+}
 
 bool isOf(const Family& family, std::string_view type)
 {
     for (const Name& name : family.types)
-        if (name.length == type.size() && name.length != 0 &&
-            memcmp(name.text, type.data(), name.length) == 0)
+        if (isSame(name, type))
             return true;
     return false;
 }
@@ -30,7 +49,7 @@ const Family* findFamily(std::string_view type, std::string_view code)
 {
     for (const Family* const family : kFamilies)
         if ((family->lengths & Family::bitOf(type.size())) != 0 && isOf(*family, type) &&
-            (!family->code || code == family->code))
+            (family->code.length == 0 || isSame(family->code, code)))
             return family;
     return nullptr;
 }

@@ -3,6 +3,7 @@
 #define ZEL_CORE_FRAME_H
 
 #include <cstddef>
+#include <cstring>
 
 #include "zel_protocol/frame.h"
 
@@ -12,8 +13,10 @@ constexpr size_t kHeadSize = ZEL_FRAME_HEAD_SIZE;
 
 inline void putLittleEndian(char* at, uint32_t number)
 {
-    for (int i = 0; i < 4; ++i)
-        at[i] = static_cast<char>(number >> (8 * i) & 0xFF);
+#if __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+    number = __builtin_bswap32(number);
+#endif
+    memcpy(at, &number, sizeof number);
 }
 
 inline void putHead(char* head, bool enciphered, uint32_t length)

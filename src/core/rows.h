@@ -368,7 +368,7 @@ struct Family
         return family;
     }
     // Other codes of its type belong to a family further down.
-    constexpr Family ofCode(const char* onlyCode) const
+    constexpr Family ofCode(Name onlyCode) const
     {
         Family family = *this;
         family.code = onlyCode;
@@ -392,7 +392,7 @@ struct Family
     const char* analysisName;
     uint32_t lengths; // of its types
     ComposeHeader composeHeader = nullptr;
-    const char* code = nullptr;
+    Name code = ""; // empty: any
     bool isBare = false;
 };
 

@@ -76,10 +76,13 @@ char* printFloat(char* at, float value)
             *at++ = '-';
         at = printNumber(at, static_cast<uint32_t>(millionths / 1000000));
         *at++ = '.';
-        auto rest = static_cast<uint32_t>(millionths % 1000000);
-        for (int i = 5; i >= 0; --i, rest /= 10)
-            at[i] = static_cast<char>('0' + rest % 10);
-        return at + 6;
+        const auto places = static_cast<uint32_t>(millionths % 1000000);
+        const uint32_t pairs[] = {places / 10000, places / 100 % 100, places % 100};
+        for (const uint32_t pair : pairs) {
+            *at++ = static_cast<char>('0' + pair / 10);
+            *at++ = static_cast<char>('0' + pair % 10);
+        }
+        return at;
     }
     // What remains are whole numbers and what is too small to show. Neither asks the locale for its point.
     at += snprintf(at, kLongestFloat, "%.0f", static_cast<double>(value));
