@@ -34,16 +34,16 @@ void fillText(char (&field)[N], Input& input)
 
 Job readJob(Input& input)
 {
-    const auto& all = test::catalogue();
-    const size_t number = input.word() % (all.size() + 1 + std::size(kBareTypes));
+    const uint16_t number = input.word();
+    const test::CatalogueEntry* const entry = number <= std::size(kBareTypes) ? nullptr : &entryOf(number);
     Job job{};
     job.kind = input.byte() % 8 - 2;
     const uint8_t form = input.byte();
     job.codec = codecOf(form & 3);
     job.outLen = input.word();
     ZEL_PROTOCOL_HEADER_init(&job.header);
-    if (number < all.size())
-        job.header = test::catalogueHeader(all[number]);
+    if (entry)
+        job.header = test::catalogueHeader(*entry);
     if (form & 0x80) {
         fillText(job.header.Msg_flag, input);
         fillText(job.header.Msg_uuid, input);
@@ -51,12 +51,11 @@ Job readJob(Input& input)
     }
     const bool isEmpty = (form & 0x40) != 0;
     const std::string content = input.rest();
-    if (number < all.size()) {
-        job.recordSize = isEmpty ? 0 : all[number].size;
+    if (entry) {
+        job.recordSize = isEmpty ? 0 : entry->size;
         if (!isEmpty)
-            job.record =
-                makeRecord(all[number], static_cast<Fill>(form >> 4 & 3), content, (form & 0x08) != 0);
-    } else if (number == all.size()) {
+            job.record = makeRecord(*entry, static_cast<Fill>(form >> 4 & 3), content, (form & 0x08) != 0);
+    } else if (number == 0) {
         strcpy(job.header.Msg_type, "TRANSPARENT_CHANNEL_MSG");
         job.recordSize = sizeof(TRANSPARENT_HEADER);
         job.record.reset(new char[job.recordSize]());
@@ -64,7 +63,7 @@ Job readJob(Input& input)
         memcpy(job.record.get(), content.data(), std::min(content.size(), job.recordSize));
         transparent.iTransDataLen = job.outLen % 3 == 0 ? job.outLen : static_cast<int>(content.size());
     } else {
-        strcpy(job.header.Msg_type, kBareTypes[number - all.size() - 1]);
+        strcpy(job.header.Msg_type, kBareTypes[number - 1]);
         strcpy(job.header.Msg_code, "1");
     }
     return job;

@@ -1,5 +1,6 @@
 // Writes the committed corpus and the dictionary: make_corpus DIRECTORY. One file for each message in each of
 // its directions, and for each form that the catalogue doesn't have.
+#include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <cstring>
@@ -113,15 +114,11 @@ int main(int argc, char** argv)
     const fs::path analysis = root / "corpus/analysis";
     std::set<size_t> chosen;
     std::set<std::string> words;
-    const auto& all = test::catalogue();
-    for (size_t i = 0; i < all.size(); ++i) {
-        const test::CatalogueEntry& entry = all[i];
+    for (const test::CatalogueEntry& entry : test::catalogue()) {
+        const uint16_t number = numberOf(entry);
         for (const int kind : entry.kinds.empty() ? std::vector<int>{0} : entry.kinds) {
-            // Entries of one type and code differ in their record.
-            std::string name =
-                std::string(entry.type) + "-" + std::string(entry.code) + "-" + std::to_string(kind);
-            while (fs::exists(analysis / name))
-                name += "b";
+            std::string name = entry.name() + "-" + std::to_string(kind);
+            std::replace(name.begin(), name.end(), ' ', '-');
             const Record record = makeRecord(entry, Fill::kCompact, "", true);
             const Composed composed =
                 compose(test::catalogueHeader(entry), record.get(), kind, plainCodec(), kAmple);
@@ -130,21 +127,21 @@ int main(int argc, char** argv)
             std::string raw;
             if (composed.extra > 4 && composed.extra < 2048 && !entry.isBare())
                 raw = std::string(4, '\0') + std::string(composed.extra - 4, 'r');
-            const char way = static_cast<char>(i % 4 == 1 ? 0 : i % 4);
+            const char way = static_cast<char>(number % 4 == 1 ? 0 : number % 4);
             write(analysis / name,
                   std::string{way, leafFor(composed.text, chosen), '\0'} + composed.text + raw);
-            const char form = static_cast<char>(0x20 | i % 3);
-            write(root / "corpus/messages" / name, word(i) +
+            const char form = static_cast<char>(0x20 | number % 3);
+            write(root / "corpus/messages" / name, word(number) +
                                                        std::string{static_cast<char>(kind), form, '\0'} +
                                                        word(4000) + std::string(1, '\0'));
             // One change: the last byte of the raw data is missing.
             if (!raw.empty())
                 write(root / "corpus/messages" / (name + "-cut"),
-                      word(i) + std::string{static_cast<char>(kind), form, '\0'} + word(4000) +
+                      word(number) + std::string{static_cast<char>(kind), form, '\0'} + word(4000) +
                           std::string("\1\16") + word(0) + word(7));
             write(root / "corpus/compose" / name,
-                  word(i) + std::string{static_cast<char>(kind + 2), static_cast<char>(form | 8)} +
-                      word(33 + i));
+                  word(number) + std::string{static_cast<char>(kind + 2), static_cast<char>(form | 8)} +
+                      word(33 + number % 256));
         }
     }
     for (const Form& form : otherForms()) {
@@ -161,10 +158,9 @@ int main(int argc, char** argv)
     write(root / "corpus/xml/values", std::string("\x20\0", 2) + values + "><s> 12 text</s><s/><t/></r>");
     for (size_t i = 0; i < 6; ++i)
         write(root / "corpus/compose" / ("without-record-" + std::to_string(i)),
-              word(all.size() + i) + std::string("\2\0", 2) + word(4001) +
-                  "<MESSAGE_HEADER\n/></XML_ZELMAR>");
+              word(i) + std::string("\2\0", 2) + word(4001) + "<MESSAGE_HEADER\n/></XML_ZELMAR>");
 
-    for (const test::CatalogueEntry& entry : all)
+    for (const test::CatalogueEntry& entry : test::catalogue())
         if (!entry.word.empty())
             words.emplace(entry.word);
 

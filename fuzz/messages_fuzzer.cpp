@@ -289,8 +289,7 @@ void requireSettled(Composed composed, const std::string& raw, int kind)
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     Input input{data, size};
-    const auto& all = test::catalogue();
-    const test::CatalogueEntry& entry = all[input.word() % all.size()];
+    const test::CatalogueEntry& entry = entryOf(input.word());
     const int kind = input.byte() % 4;
     const uint8_t form = input.byte();
     const Codec codec = codecOf(form & 3);

@@ -3,6 +3,7 @@
 #include <sanitizer/allocator_interface.h>
 
 #include <cstring>
+#include <map>
 
 #include "zel_platform/codec.h"
 #include "zel_platform/default_layer.h"
@@ -288,6 +289,27 @@ Composed compose(const ZEL_PROTOCOL_HEADER& header, const void* record, int kind
         composed.text = composed.bytes.substr(kHeadSize);
     requireFrame(header, record, codec, composed);
     return composed;
+}
+
+uint16_t numberOf(const test::CatalogueEntry& entry)
+{
+    uint32_t hash = 2166136261U;
+    for (const char c : entry.name())
+        hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+    return static_cast<uint16_t>(hash >> 16 ^ hash);
+}
+
+const test::CatalogueEntry& entryOf(uint16_t number)
+{
+    static const std::map<uint16_t, const test::CatalogueEntry*> all = [] {
+        std::map<uint16_t, const test::CatalogueEntry*> made;
+        for (const test::CatalogueEntry& entry : test::catalogue())
+            require(numberOf(entry) >= kNoEntry && made.emplace(numberOf(entry), &entry).second,
+                    "each entry has a number of its own");
+        return made;
+    }();
+    const auto found = all.lower_bound(number);
+    return found == all.end() ? *all.begin()->second : *found->second;
 }
 
 Record makeRecord(const test::CatalogueEntry& entry, Fill fill, const std::string& content, bool complete)

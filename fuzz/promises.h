@@ -67,6 +67,12 @@ constexpr int kAmple = 1 << 17;
 
 bool isBare(const ZEL_PROTOCOL_HEADER& header);
 
+// A number for an entry that other entries don't change, so that an input goes on meaning the same message,
+// and the entry for any number. Numbers below kNoEntry are free.
+constexpr uint16_t kNoEntry = 16;
+uint16_t numberOf(const test::CatalogueEntry& entry);
+const test::CatalogueEntry& entryOf(uint16_t number);
+
 // A record of fuzzed content, and what the catalogue says of it.
 enum class Fill
 {
