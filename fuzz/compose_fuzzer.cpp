@@ -138,7 +138,9 @@ int composeBody(const Job& job, const std::string& type, char* buffer, int size,
 
 void requireBody(const Job& job, int size, const Composed& whole)
 {
+    constexpr char kUntouched = '\x7F';
     const std::unique_ptr<char[]> buffer(new char[static_cast<size_t>(size)]);
+    *buffer.get() = kUntouched;
     int extra = 0;
     const std::string type = job.header.Msg_type;
     startWatching({});
@@ -147,11 +149,16 @@ void requireBody(const Job& job, int size, const Composed& whole)
     require(status <= 0 || status == 1, "composing a body gives 0 or a status");
     if (status != 0 || whole.status < 0 || !job.record)
         return;
-    const std::string body(buffer.get(), strnlen(buffer.get(), static_cast<size_t>(size)));
-    require(body.size() < static_cast<size_t>(size), "a composed body is terminated");
-    require(body == bodyOf(whole.text), "a body alone is the message's body");
     require(static_cast<uint32_t>(extra) == whole.extra || isBare(job.header),
             "a body alone announces what the message does");
+    const std::string expected = bodyOf(whole.text);
+    if (expected.empty()) {
+        require(*buffer.get() == kUntouched, "where there is no body the buffer is left alone");
+        return;
+    }
+    const std::string body(buffer.get(), strnlen(buffer.get(), static_cast<size_t>(size)));
+    require(body.size() < static_cast<size_t>(size), "a composed body is terminated");
+    require(body == expected, "a body alone is the message's body");
 }
 
 // Functions that compose less than a body, or one body for two families.
