@@ -234,12 +234,14 @@ TEST_F(Analysis, DeciphersLongPayloads)
     wrapped->iTransDataLen = static_cast<int32_t>(inner.size());
     const std::string payload =
         compose(headerOf("TRANSPARENT_CHANNEL_MSG", ""), wrapped.get(), 0, 65536, 0).text;
+    resetServices();
     for (const int blocks : {2, 1, 0}) {
         services().failAfter = blocks;
         EXPECT_EQ(analyse(payload, 0).result,
                   blocks == 2 ? static_cast<int>(inner.size()) : static_cast<int>(ZEL_ERR_NO_MEMORY));
     }
     EXPECT_EQ(services().errors.back(), "ZelProtocolMalloc faile!!\n");
+    EXPECT_EQ(services().held, 1); // the record of the first
 }
 
 } // namespace

@@ -55,11 +55,14 @@ void* ZelProtocolMalloc(size_t size)
     if (services.failAfter > 0)
         --services.failAfter;
     ++services.blocks;
+    ++services.held;
     return malloc(size);
 }
 
 void ZelProtocolFree(void* block)
 {
+    if (block)
+        --test::services().held;
     free(block);
 }
 

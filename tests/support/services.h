@@ -11,6 +11,7 @@ namespace test {
 struct Services
 {
     int blocks = 0;           // taken with ZelProtocolMalloc
+    int held = 0;             // of them, not given back with ZelProtocolFree
     int failAfter = -1;       // blocks that still succeed; below zero: all
     int readerFailAfter = -1; // the same for the XML reader's memory
     int readerBlocks = 0;     // of it, now in use
