@@ -5,11 +5,12 @@ BUILD := build/release
 MAKEFLAGS += --no-print-directory
 
 .DEFAULT_GOAL := help
-.PHONY: help demo test size bench costs records fuzz corpus fuzz-coverage clean dependencies release build-fuzz
+.PHONY: help demo test coverage size bench costs records fuzz corpus fuzz-coverage clean dependencies release build-fuzz
 
 help:
 	@echo "make demo   build everything, let a camera and a client talk over loopback"
 	@echo "make test   build everything, run the tests"
+	@echo "make coverage  which lines and branches the tests reach; make fuzz-coverage, which the fuzzers do"
 	@echo "make size   how large the libraries are, and what a program takes of them"
 	@echo "make bench  how fast the messages are beside code written by hand; also in build/bench.json"
 	@echo "            and, as a picture, in docs/bench.svg"
@@ -24,6 +25,10 @@ demo: release
 
 test: release
 	cd $(BUILD) && ctest --output-on-failure
+
+coverage:
+	scripts/install-dependencies.sh coverage
+	scripts/coverage.sh
 
 size: dependencies
 	scripts/size.sh

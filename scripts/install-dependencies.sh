@@ -5,6 +5,7 @@
 #   install-dependencies.sh ci    what .ci/run needs on top
 #   install-dependencies.sh bench what `make bench` needs on top
 #   install-dependencies.sh costs what `make costs` needs on top
+#   install-dependencies.sh coverage what `make coverage` needs on top
 #   install-dependencies.sh records what `make records` needs on top
 #   install-dependencies.sh fuzz  what `make fuzz` needs on top
 #   install-dependencies.sh cross what the presets m32 and arm64 need on top; a cross compiler takes the place of
@@ -72,6 +73,10 @@ costs)
     need g++ 'GCC' has_command g++
     need valgrind 'valgrind' has_command valgrind
     ;;
+coverage)
+    need g++ 'GCC' has_command g++
+    need gcovr 'gcovr' has_command gcovr
+    ;;
 records)
     need python3 'Python 3' test -x /usr/bin/python3
     need python3-clang-14 "clang's parser for Python" has_clang_parser
@@ -92,7 +97,7 @@ cross)
     need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
     ;;
 *)
-    echo "usage: $0 [ci|bench|costs|records|fuzz|cross]" >&2
+    echo "usage: $0 [ci|bench|costs|coverage|records|fuzz|cross]" >&2
     exit 2
     ;;
 esac
