@@ -36,7 +36,7 @@ typedef struct SYSTEM_CONFIG_GET_2505_PARAM
     char Time[32];
     int32_t SummerEnable; /**< Enable of SummerTime: 0/1 */
     int32_t OffSet;       /**< of SummerTime */
-    /* Five numbers of at most two digits. */
+    /* Five numbers; only those of at most two digits are read back. */
     int32_t aiWeekStartTime[5]; /**< WeekStartTime */
     int32_t aiWeekEndTime[5];   /**< WeekEndTime */
 } SYSTEM_CONFIG_GET_2505_PARAM;

@@ -76,7 +76,7 @@ typedef struct SYSTEM_CONFIG_GET_2015_PARAM
     int32_t DefaultLanIndex; /**< port that is used; left out when absent */
     int32_t ProtoCol;        /**< transport; left out when absent */
     int32_t StreamType;      /**< stream that is sent */
-    int32_t iChannelNum;     /**< entries of stChannel; stays -1 in an analysed record */
+    int32_t iChannelNum; /**< entries of stChannel; -1 in an analysed record: set it to write them again */
     int32_t AlarmInputIDNum; /**< entries of stAlarmIn; when absent, nothing is written of them */
     char SipServerPort[8];   /**< a text, as all the numbers below */
     char SipServerID[32];

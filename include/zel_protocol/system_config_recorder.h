@@ -40,7 +40,7 @@ typedef struct SYSTEM_CONFIG_GET_3028_PARAM
 typedef struct SYSTEM_CONFIG_GET_3502_PARAM
 {
     int32_t StoragePolicy;
-    int32_t iStorageCapCount;  /**< numbers in use; stays -1 in an analysed record */
+    int32_t iStorageCapCount;  /**< numbers in use; -1 in an analysed record: set it to write them again */
     int32_t StorageCapSet[16]; /**< the policies that the device can take; surplus numbers are dropped */
 } SYSTEM_CONFIG_GET_3502_PARAM;
 
