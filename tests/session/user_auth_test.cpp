@@ -48,12 +48,18 @@ TEST(UserAuth, ReadsBothDirectionsAtOnce)
                expected);
     expected = fresh(USER_AUTH_CMD_USER_AUTH_PARAM_init);
     expectRead(kType, "", "", expected);
-    // Long texts fill their fields.
+    // Long texts fill their fields, and go out as far as those reach.
+    const size_t groupSize = sizeof expected.Group;
     set(expected.Password, std::string(48, 'p'));
     set(expected.Username, "u");
-    expectRead(kType, "", "<USER_AUTH_PARAM Password='" + std::string(60, 'p') + "' Username='u'/>",
+    set(expected.Group, std::string(groupSize, 'g'));
+    expectRead(kType, "",
+               "<USER_AUTH_PARAM Password='" + std::string(60, 'p') +
+                   "' Username='u'/><USER_AUTH_RESPONSE Group='" + std::string(groupSize + 1, 'g') + "'/>",
                expected);
     EXPECT_NE(bodyOf(kType, "", &expected, 0).find("=\"" + std::string(48, 'p') + "\"\n"), std::string::npos);
+    EXPECT_EQ(bodyOf(kType, "", &expected, 1),
+              wire("<USER_AUTH_RESPONSE|Group='" + std::string(groupSize, 'g') + "'|/>|"));
 }
 
 TEST(UserAuth, NoBodyReadsAsKeyTypeZero)
