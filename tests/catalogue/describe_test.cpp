@@ -1,9 +1,9 @@
 // The catalogue as applications see it, and what its descriptions say of all messages at once.
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstddef>
 #include <map>
-#include <regex>
 #include <set>
 
 #include "support/catalogue.h"
@@ -90,7 +90,13 @@ std::string lastOf(const std::string& text, char separator)
 // Numbered attributes are one line of the list.
 std::string withoutNumber(const std::string& name)
 {
-    return std::regex_replace(name, std::regex("[0-9]+"), "#");
+    std::string all;
+    for (const char c : name)
+        if (!isdigit(static_cast<unsigned char>(c)))
+            all += c;
+        else if (all.empty() || all.back() != '#')
+            all += '#';
+    return all;
 }
 
 // --- Names -------------------------------------------------------------------------------------
