@@ -7,6 +7,7 @@
 #include <exception>
 #include <list>
 #include <map>
+#include <netinet/in.h>
 #include <pcap/pcap.h>
 #include <stdexcept>
 #include <string>
@@ -86,9 +87,69 @@ struct Packet
 {
     double time = 0;
     Route route;
+    bool isTcp = false;
+    std::uint32_t sequence = 0;
+    unsigned flags = 0; // of TCP
     std::string_view data;
     std::size_t missing = 0; // bytes behind the data
 };
+
+std::uint32_t numberAt(std::string_view bytes, std::size_t at, std::size_t size)
+{
+    std::uint32_t number = 0;
+    for (std::size_t i = 0; i < size; ++i)
+        number = number << 8 | static_cast<unsigned char>(bytes[at + i]);
+    return number;
+}
+
+// Where IPv4 starts in the packets that most captures are made of; the end for others.
+std::size_t plainStart(int link, std::string_view packet)
+{
+    constexpr std::uint32_t kIp = 0x0800;
+    const auto behind = [&](std::size_t type) {
+        return packet.size() > type + 2 && numberAt(packet, type, 2) == kIp ? type + 2 : packet.size();
+    };
+    switch (link) {
+    case DLT_EN10MB: return behind(12);
+    case DLT_LINUX_SLL: return behind(14);
+    case DLT_RAW: return 0;
+    default: return packet.size();
+    }
+}
+
+// The packets that most captures are made of, without a single allocation: IPv4 without options or fragments.
+bool readPlain(int link, std::string_view bytes, Packet& packet)
+{
+    constexpr std::size_t kIpHead = 20;
+    constexpr std::size_t kTcpHead = 20;
+    constexpr std::size_t kUdpHead = 8;
+    std::string_view ip = bytes.substr(plainStart(link, bytes));
+    if (ip.size() < kIpHead + kUdpHead || ip[0] != 0x45 || (numberAt(ip, 6, 2) & 0xbfff) != 0)
+        return false;
+    const std::size_t size = numberAt(ip, 2, 2);
+    packet.isTcp = ip[9] == IPPROTO_TCP;
+    if (size < kIpHead + (packet.isTcp ? kTcpHead : kUdpHead) || (!packet.isTcp && ip[9] != IPPROTO_UDP))
+        return false;
+    packet.missing = size - std::min(size, ip.size());
+    ip = ip.substr(0, size);
+    const std::string_view transport = ip.substr(kIpHead);
+    std::size_t head = kUdpHead;
+    if (packet.isTcp) {
+        if (transport.size() < kTcpHead)
+            return false;
+        head = numberAt(transport, 12, 1) >> 4 << 2;
+        packet.sequence = numberAt(transport, 4, 4);
+        packet.flags = numberAt(transport, 13, 1);
+    }
+    if (head < kUdpHead || transport.size() < head || (packet.isTcp && head < kTcpHead))
+        return false;
+    packet.data = transport.substr(head);
+    ip.copy(reinterpret_cast<char*>(packet.route.from.address.data()), 4, 12);
+    ip.copy(reinterpret_cast<char*>(packet.route.to.address.data()), 4, 16);
+    packet.route.from.port = static_cast<std::uint16_t>(numberAt(transport, 0, 2));
+    packet.route.to.port = static_cast<std::uint16_t>(numberAt(transport, 2, 2));
+    return true;
+}
 
 // What libtins makes of a packet. The head of Linux' newer cooked form it doesn't know.
 std::unique_ptr<Tins::PDU> parse(int link, std::string_view packet)
@@ -135,6 +196,12 @@ public:
 
     void take(double time, int link, std::string_view bytes, std::size_t missing)
     {
+        Packet plain;
+        plain.time = time;
+        if (readPlain(link, bytes, plain)) {
+            takeTransport(plain);
+            return;
+        }
         const std::unique_ptr<Tins::PDU> packet = parse(link, bytes);
         if (!packet)
             return;
@@ -156,7 +223,7 @@ public:
             case Tins::PDU::TCP:
             case Tins::PDU::UDP:
                 if (v4 || v6)
-                    takeTransport(time, v4, v6, *pdu, missing);
+                    takeTransport(packetOf(time, v4, v6, *pdu, missing));
                 return;
             default: break;
             }
@@ -231,15 +298,25 @@ private:
         return false;
     }
 
-    void takeTransport(double time, const Tins::IP* v4, const Tins::IPv6* v6, const Tins::PDU& pdu, std::size_t missing)
+    static Packet packetOf(double time, const Tins::IP* v4, const Tins::IPv6* v6, const Tins::PDU& pdu, std::size_t missing)
     {
-        const auto* const tcp = pdu.pdu_type() == Tins::PDU::TCP ? static_cast<const Tins::TCP*>(&pdu) : nullptr;
-        const auto* const udp = tcp ? nullptr : static_cast<const Tins::UDP*>(&pdu);
-        const std::uint16_t fromPort = tcp ? tcp->sport() : udp->sport();
-        const std::uint16_t toPort = tcp ? tcp->dport() : udp->dport();
         Packet packet;
         packet.time = time;
         packet.missing = missing;
+        packet.isTcp = pdu.pdu_type() == Tins::PDU::TCP;
+        std::uint16_t fromPort = 0;
+        std::uint16_t toPort = 0;
+        if (packet.isTcp) {
+            const auto& tcp = static_cast<const Tins::TCP&>(pdu);
+            packet.sequence = tcp.seq();
+            packet.flags = tcp.flags();
+            fromPort = tcp.sport();
+            toPort = tcp.dport();
+        } else {
+            const auto& udp = static_cast<const Tins::UDP&>(pdu);
+            fromPort = udp.sport();
+            toPort = udp.dport();
+        }
         if (v4)
             packet.route = {endOf(v4->src_addr(), fromPort), endOf(v4->dst_addr(), toPort)};
         else
@@ -248,8 +325,13 @@ private:
             const auto& payload = static_cast<const Tins::RawPDU*>(inner)->payload();
             packet.data = {reinterpret_cast<const char*>(payload.data()), payload.size()};
         }
-        if (tcp)
-            takeSegment(packet, *tcp);
+        return packet;
+    }
+
+    void takeTransport(const Packet& packet)
+    {
+        if (packet.isTcp)
+            takeSegment(packet);
         else
             takeDatagram(packet);
     }
@@ -291,21 +373,21 @@ private:
         return m_flows.back();
     }
 
-    void takeSegment(const Packet& packet, const Tins::TCP& tcp)
+    void takeSegment(const Packet& packet)
     {
         Flow& flow = flowOf(packet);
         flow.last = packet.time;
         flow.splitter.context.time = packet.time;
-        follow(flow, packet, tcp);
+        follow(flow, packet);
         count(flow);
         while (!m_flows.empty() && (m_held > m_limits.bytes || m_flows.front().last + m_limits.idle < packet.time))
             drop();
     }
 
-    void follow(Flow& flow, const Packet& packet, const Tins::TCP& tcp)
+    void follow(Flow& flow, const Packet& packet)
     {
-        const bool isFirst = (tcp.flags() & Tins::TCP::SYN) != 0;
-        const std::uint32_t sequence = tcp.seq() + (isFirst ? 1 : 0);
+        const bool isFirst = (packet.flags & Tins::TCP::SYN) != 0;
+        const std::uint32_t sequence = packet.sequence + (isFirst ? 1 : 0);
         const bool isKnown = flow.isAnchored && !flow.isClosed &&
                              flow.next - static_cast<std::uint32_t>(flow.position) == sequence;
         if (isFirst && !isKnown)
@@ -323,11 +405,11 @@ private:
         const std::uint64_t at = flow.position + static_cast<std::uint64_t>(static_cast<std::int64_t>(distance));
         if (size > 0)
             takeData(flow, distance, packet);
-        if ((tcp.flags() & Tins::TCP::FIN) != 0) {
+        if ((packet.flags & Tins::TCP::FIN) != 0) {
             flow.hasEnd = true;
             flow.endAt = at + size;
         }
-        if ((tcp.flags() & Tins::TCP::RST) != 0 || (flow.hasEnd && flow.position >= flow.endAt))
+        if ((packet.flags & Tins::TCP::RST) != 0 || (flow.hasEnd && flow.position >= flow.endAt))
             finish(flow);
     }
 
@@ -556,12 +638,8 @@ void readCapture(Input& input, const Receive& receive)
     capture.end();
     if (cookie.second)
         std::rethrow_exception(cookie.second);
-    if (result == PCAP_ERROR) {
-        const std::string damage = "behind packet " + std::to_string(count) + ": " + pcap_geterr(pcap.get());
-        Found found;
-        found.damage = damage;
-        receive(found);
-    }
+    if (result == PCAP_ERROR)
+        reportDamage(receive, "behind packet " + std::to_string(count) + ": " + pcap_geterr(pcap.get()));
 }
 
 } // namespace inspect

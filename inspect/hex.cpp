@@ -161,6 +161,8 @@ public:
                 m_form = Form::kDump;
             else if (isPlain(line) || goesOn)
                 m_form = Form::kPlain;
+            else
+                describe(line);
         }
         if (m_form == Form::kDump)
             takeDump(line);
@@ -295,10 +297,7 @@ private:
 
     void report(const std::string& damage)
     {
-        const std::string text = "line " + std::to_string(m_line) + ": " + damage;
-        Found found;
-        found.damage = text;
-        m_receive(found);
+        reportDamage(m_receive, "line " + std::to_string(m_line) + ": " + damage);
     }
 
     const Receive& m_receive;

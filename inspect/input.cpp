@@ -1,11 +1,9 @@
 #include "inspect/input.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
-#include <stdexcept>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -15,7 +13,7 @@ namespace {
 
 [[noreturn]] void fail(const std::string& path)
 {
-    throw std::runtime_error(path + ": " + std::strerror(errno));
+    throw std::system_error(errno, std::generic_category(), path);
 }
 
 } // namespace

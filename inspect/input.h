@@ -14,7 +14,7 @@ namespace inspect {
 class Input
 {
 public:
-    explicit Input(const std::string& path, Progress progress = {}); // throws a std::runtime_error
+    explicit Input(const std::string& path, Progress progress = {}); // throws a std::system_error
     explicit Input(std::string_view bytes);
     Input(const Input&) = delete;
     Input& operator=(const Input&) = delete;
@@ -22,7 +22,7 @@ public:
 
     // The next bytes, which read gives once more; fewer only at the end.
     std::string_view peek(std::size_t count);
-    // 0 at the end. Throws a std::runtime_error.
+    // 0 at the end. Throws a std::system_error.
     std::size_t read(char* to, std::size_t room);
 
 private:

@@ -56,21 +56,15 @@ void readStream(Input& input, Gaps gaps, const Receive& receive)
     while (const std::size_t count = input.read(chunk.data(), chunk.size()))
         splitter.take({chunk.data(), count});
     splitter.end();
-    if (!splitter.hasFound() && gaps == Gaps::kNever) {
-        Found nothing;
-        nothing.damage = "no message in it";
-        receive(nothing);
-    }
+    if (!splitter.hasFound() && gaps == Gaps::kNever)
+        reportDamage(receive, "no message in it");
 }
 
 void read(Input& input, Format format, const Receive& receive)
 {
     const std::string_view beginning = input.peek(kGuessedFrom);
-    if (beginning.empty()) {
-        Found nothing;
-        nothing.damage = "it is empty";
-        return receive(nothing);
-    }
+    if (beginning.empty())
+        return reportDamage(receive, "it is empty");
     switch (format == Format::kGuessed ? guess(beginning) : format) {
     case Format::kCapture: return readCapture(input, receive);
     case Format::kHex: return readHex(input, receive);
@@ -81,6 +75,14 @@ void read(Input& input, Format format, const Receive& receive)
 }
 
 } // namespace
+
+void reportDamage(const Receive& receive, std::string_view damage)
+{
+    Found found;
+    found.offset = Found::kNoOffset;
+    found.damage = damage;
+    receive(found);
+}
 
 void readFile(const std::string& path, Format format, const Receive& receive, const Progress& progress)
 {

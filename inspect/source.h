@@ -19,13 +19,18 @@ struct Found
     std::string_view payload; // valid while the receiver runs
     bool isEnciphered = false;
     bool isBare = false;
-    std::uint64_t offset = 0;  // in the file, or in the bytes that one end of a connection sent
+    // In the file, or in the bytes that one end of a connection sent.
+    static constexpr std::uint64_t kNoOffset = UINT64_MAX; // damage that names its place itself
+    std::uint64_t offset = 0;
     double time = 0;           // seconds since 1970; 0 where the source doesn't say
     std::string_view from, to; // "10.0.0.5:8000"; empty where the source doesn't say
     std::string_view damage;   // not empty: no message but what is wrong at this place
 };
 
 using Receive = std::function<void(const Found& found)>;
+
+// Damage that names its place itself, or has none.
+void reportDamage(const Receive& receive, std::string_view damage);
 
 // When the bytes between messages are damage.
 enum class Gaps : std::uint8_t
@@ -100,7 +105,8 @@ enum class Format
 // Bytes that have been read, and those of the whole file; 0 where nobody knows.
 using Progress = std::function<void(std::uint64_t done, std::uint64_t total)>;
 
-// Reads a file, "-" for the standard input. Throws a std::runtime_error if it can't be read at all.
+// Reads a file, "-" for the standard input. Throws a std::system_error if it can't be read, another
+// std::runtime_error if it isn't what it should be.
 void readFile(const std::string& path, Format format, const Receive& receive, const Progress& progress = {});
 
 // The same of bytes in memory.
