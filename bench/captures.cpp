@@ -1,7 +1,7 @@
 // Large captures, to measure how fast `zel read` goes through them beside libtins alone.
 //
-//   zel_captures make FILE MEGABYTES [small]   cameras that are asked, tell and send media; or small messages alone
-//   zel_captures walk FILE                     libtins alone: every packet, every layer
+//   zel_captures make FILE MEGABYTES [small]   cameras that are asked, tell and send media; or small messages
+//   alone zel_captures walk FILE                     libtins alone: every packet, every layer
 //
 // One segment in a thousand comes late, one is sent twice; one in ten thousand was not captured.
 #include <chrono>
@@ -74,8 +74,7 @@ class CaptureWriter
 public:
     CaptureWriter(const char* path, std::uint64_t size)
         : m_writer(path, Tins::DataLinkType<Tins::EthernetII>()), m_size(size)
-    {
-    }
+    {}
 
     bool isFull() const
     {
@@ -117,7 +116,8 @@ private:
         tcp.timestamp(1, 2);
         return Tins::EthernetII("00:11:22:33:44:55", "00:11:22:33:44:66") /
                Tins::IP("10.0.1.1", "10.0.0." + std::to_string(camera + 1)) / tcp /
-               Tins::RawPDU(reinterpret_cast<const std::uint8_t*>(data.data()), static_cast<std::uint32_t>(data.size()));
+               Tins::RawPDU(reinterpret_cast<const std::uint8_t*>(data.data()),
+                            static_cast<std::uint32_t>(data.size()));
     }
 
     void write(Tins::EthernetII& packet)

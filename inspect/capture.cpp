@@ -110,10 +110,14 @@ std::size_t plainStart(int link, std::string_view packet)
         return packet.size() > type + 2 && numberAt(packet, type, 2) == kIp ? type + 2 : packet.size();
     };
     switch (link) {
-    case DLT_EN10MB: return behind(12);
-    case DLT_LINUX_SLL: return behind(14);
-    case DLT_RAW: return 0;
-    default: return packet.size();
+    case DLT_EN10MB:
+        return behind(12);
+    case DLT_LINUX_SLL:
+        return behind(14);
+    case DLT_RAW:
+        return 0;
+    default:
+        return packet.size();
     }
 }
 
@@ -172,18 +176,27 @@ std::unique_ptr<Tins::PDU> parse(int link, std::string_view packet)
         if (number(12) <= kLongestDot3)
             return std::make_unique<Tins::Dot3>(bytes, size);
         return std::make_unique<Tins::EthernetII>(bytes, size);
-    case DLT_IEEE802_11_RADIO: return std::make_unique<Tins::RadioTap>(bytes, size);
-    case DLT_IEEE802_11: return std::unique_ptr<Tins::PDU>(Tins::Dot11::from_bytes(bytes, size));
-    case DLT_LINUX_SLL: return std::make_unique<Tins::SLL>(bytes, size);
-    case DLT_LINUX_SLL2: return ip(number(0) == kVlan ? kCookedSize + 4 : kCookedSize);
-    case DLT_PPI: return std::make_unique<Tins::PPI>(bytes, size);
-    case DLT_PKTAP: return std::make_unique<Tins::PKTAP>(bytes, size);
+    case DLT_IEEE802_11_RADIO:
+        return std::make_unique<Tins::RadioTap>(bytes, size);
+    case DLT_IEEE802_11:
+        return std::unique_ptr<Tins::PDU>(Tins::Dot11::from_bytes(bytes, size));
+    case DLT_LINUX_SLL:
+        return std::make_unique<Tins::SLL>(bytes, size);
+    case DLT_LINUX_SLL2:
+        return ip(number(0) == kVlan ? kCookedSize + 4 : kCookedSize);
+    case DLT_PPI:
+        return std::make_unique<Tins::PPI>(bytes, size);
+    case DLT_PKTAP:
+        return std::make_unique<Tins::PKTAP>(bytes, size);
     case DLT_NULL:
-    case DLT_LOOP: return ip(4); // the family's number, in one order or another
+    case DLT_LOOP:
+        return ip(4); // the family's number, in one order or another
     case DLT_RAW:
     case DLT_IPV4:
-    case DLT_IPV6: return ip(0);
-    default: return nullptr;
+    case DLT_IPV6:
+        return ip(0);
+    default:
+        return nullptr;
     }
 }
 
@@ -225,7 +238,8 @@ public:
                 if (v4 || v6)
                     takeTransport(packetOf(time, v4, v6, *pdu, missing));
                 return;
-            default: break;
+            default:
+                break;
             }
         }
     }
@@ -252,9 +266,9 @@ private:
     struct Flow
     {
         Flow(const Route& its, const Receive& receive)
-            : route(its), from(textOf(its.from)), to(textOf(its.to)), splitter(makeSplitter(receive, Gaps::kAfterFirst))
-        {
-        }
+            : route(its), from(textOf(its.from)), to(textOf(its.to)),
+              splitter(makeSplitter(receive, Gaps::kAfterFirst))
+        {}
 
         FrameSplitter makeSplitter(const Receive& receive, Gaps gaps) const
         {
@@ -298,7 +312,8 @@ private:
         return false;
     }
 
-    static Packet packetOf(double time, const Tins::IP* v4, const Tins::IPv6* v6, const Tins::PDU& pdu, std::size_t missing)
+    static Packet packetOf(double time, const Tins::IP* v4, const Tins::IPv6* v6, const Tins::PDU& pdu,
+                           std::size_t missing)
     {
         Packet packet;
         packet.time = time;
@@ -339,11 +354,12 @@ private:
     void takeDatagram(const Packet& packet)
     {
         // Most are of other protocols; ours have nothing before the message.
-        constexpr std::array<std::string_view, 4> kBeginnings = {"\x58\x91\x58\x51", "\x57\x81\x59\x52", "<?xml",
-                                                                 "<XML_ZELMAR"};
-        const bool isOurs = std::any_of(kBeginnings.begin(), kBeginnings.end(), [&](std::string_view beginning) {
-            return packet.data.substr(0, beginning.size()) == beginning;
-        });
+        constexpr std::array<std::string_view, 4> kBeginnings = {"\x58\x91\x58\x51", "\x57\x81\x59\x52",
+                                                                 "<?xml", "<XML_ZELMAR"};
+        const bool isOurs =
+            std::any_of(kBeginnings.begin(), kBeginnings.end(), [&](std::string_view beginning) {
+                return packet.data.substr(0, beginning.size()) == beginning;
+            });
         if (!isOurs)
             return;
         const std::string from = textOf(packet.route.from);
@@ -380,7 +396,8 @@ private:
         flow.splitter.context.time = packet.time;
         follow(flow, packet);
         count(flow);
-        while (!m_flows.empty() && (m_held > m_limits.bytes || m_flows.front().last + m_limits.idle < packet.time))
+        while (!m_flows.empty() &&
+               (m_held > m_limits.bytes || m_flows.front().last + m_limits.idle < packet.time))
             drop();
     }
 
@@ -402,7 +419,8 @@ private:
         if (isStray(flow, sequence, size))
             return;
         const auto distance = static_cast<std::int32_t>(sequence - flow.next);
-        const std::uint64_t at = flow.position + static_cast<std::uint64_t>(static_cast<std::int64_t>(distance));
+        const std::uint64_t at =
+            flow.position + static_cast<std::uint64_t>(static_cast<std::int64_t>(distance));
         if (size > 0)
             takeData(flow, distance, packet);
         if ((packet.flags & Tins::TCP::FIN) != 0) {
@@ -549,8 +567,7 @@ private:
 
 Capture::Capture(Receive receive, const CaptureLimits& limits)
     : m_flows(std::make_unique<Flows>(std::move(receive), limits))
-{
-}
+{}
 
 Capture::~Capture() = default;
 
@@ -580,9 +597,12 @@ std::size_t Capture::flows() const
 
 bool Capture::knows(int link)
 {
-    constexpr std::array<int, 12> kLinks = {DLT_EN10MB, DLT_IEEE802_11_RADIO, DLT_IEEE802_11, DLT_LINUX_SLL,
-                                            DLT_LINUX_SLL2, DLT_PPI, DLT_PKTAP, DLT_NULL, DLT_LOOP, DLT_RAW, DLT_IPV4,
-                                            DLT_IPV6};
+    constexpr std::array<int, 12> kLinks = {DLT_EN10MB,     DLT_IEEE802_11_RADIO,
+                                            DLT_IEEE802_11, DLT_LINUX_SLL,
+                                            DLT_LINUX_SLL2, DLT_PPI,
+                                            DLT_PKTAP,      DLT_NULL,
+                                            DLT_LOOP,       DLT_RAW,
+                                            DLT_IPV4,       DLT_IPV6};
     return std::find(kLinks.begin(), kLinks.end(), link) != kLinks.end();
 }
 
@@ -631,7 +651,8 @@ void readCapture(Input& input, const Receive& receive)
     int result = 0;
     while ((result = pcap_next_ex(pcap.get(), &head, &bytes)) == 1) {
         ++count;
-        const double time = static_cast<double>(head->ts.tv_sec) + static_cast<double>(head->ts.tv_usec) / 1e6;
+        const double time =
+            static_cast<double>(head->ts.tv_sec) + static_cast<double>(head->ts.tv_usec) / 1e6;
         const std::size_t missing = head->len > head->caplen ? head->len - head->caplen : 0;
         capture.take(time, link, {reinterpret_cast<const char*>(bytes), head->caplen}, missing);
     }

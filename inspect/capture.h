@@ -16,12 +16,12 @@ namespace inspect {
 
 struct CaptureLimits
 {
-    std::size_t flows = 4096;         // directions of connections
-    std::size_t bytes = 256u << 20;   // kept for all of them
-    std::size_t waiting = 1u << 20;   // of one that wait for a segment before them
-    std::size_t segments = 1024;      // as many
-    double hole = 5;                  // seconds that a segment is waited for
-    double idle = 600;                // seconds after which a connection is taken for gone
+    std::size_t flows = 4096;          // directions of connections
+    std::size_t bytes = 256u << 20;    // kept for all of them
+    std::size_t waiting = 1u << 20;    // of one that wait for a segment before them
+    std::size_t segments = 1024;       // as many
+    double hole = 5;                   // seconds that a segment is waited for
+    double idle = 600;                 // seconds after which a connection is taken for gone
     std::size_t fragments = 16u << 20; // bytes of fragments
 };
 
@@ -33,8 +33,8 @@ public:
     Capture& operator=(const Capture&) = delete;
     ~Capture();
 
-    // One packet as it lay on the link (a DLT_ of libpcap), without the last `missing` bytes. Packets that aren't
-    // well-formed are left out.
+    // One packet as it lay on the link (a DLT_ of libpcap), without the last `missing` bytes. Packets that
+    // aren't well-formed are left out.
     void take(double time, int link, std::string_view packet, std::size_t missing = 0);
     // No more packets.
     void end();

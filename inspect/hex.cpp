@@ -19,7 +19,7 @@ constexpr std::string_view kSeparators = " \t\r,:;-{}()\"'";
 constexpr std::size_t kLongestLine = 64u << 10; // longer ones come in parts
 constexpr std::size_t kMostInDumpLine = 256;
 constexpr std::size_t kLongestPacket = 256u << 10;
-constexpr std::size_t kMostRepeated = 16u << 20;
+constexpr std::uint64_t kMostRepeated = 16u << 20; // bytes that stars stand for in a file
 
 int digit(char c)
 {
@@ -147,8 +147,7 @@ class HexReader
 {
 public:
     explicit HexReader(const Receive& receive) : m_receive(receive), m_splitter(receive), m_capture(receive)
-    {
-    }
+    {}
 
     // A line, or a part of one that goes on.
     void take(std::string_view line, bool goesOn)
@@ -233,7 +232,8 @@ private:
                 report("an offset below those before");
             return;
         }
-        if (m_isRepeated && !m_last.empty() && count <= kMostRepeated) {
+        if (m_isRepeated && !m_last.empty() && count <= m_mayRepeat) {
+            m_mayRepeat -= count;
             std::string bytes;
             while (bytes.size() < count)
                 bytes += m_last;
@@ -310,6 +310,7 @@ private:
     bool m_isFirst = true;
     std::uint64_t m_expected = 0; // the next line's offset
     bool m_isRepeated = false;
+    std::uint64_t m_mayRepeat = kMostRepeated;
     std::string m_last;
     // The bytes from one offset 0 to the next: a packet, or a part of a stream.
     std::string m_block;
@@ -330,7 +331,8 @@ bool isHexDump(std::string_view beginning)
         const std::string_view line = beginning.substr(0, end);
         const std::optional<DumpLine> dump = dumpLine(line);
         // Of a line that goes on half a byte may be seen.
-        const std::string_view pairs = end == std::string_view::npos ? line.substr(0, line.size() & ~1u) : line;
+        const std::string_view pairs =
+            end == std::string_view::npos ? line.substr(0, line.size() & ~1u) : line;
         if ((dump && dump->isSure) || isPlain(pairs))
             return true;
         beginning.remove_prefix(end == std::string_view::npos ? beginning.size() : end + 1);

@@ -1,6 +1,6 @@
 /**
- * Bytes out of their hexadecimal digits: the dumps of xxd, hexdump -C, od and tcpdump -x, those that a network
- * analyser exports, and plain digits as in a log or a source.
+ * Bytes out of their hexadecimal digits: the dumps of xxd, hexdump -C, od and tcpdump -x, those that a
+ * network analyser exports, and plain digits as in a log or a source.
  */
 #ifndef ZEL_INSPECT_HEX_H
 #define ZEL_INSPECT_HEX_H

@@ -35,7 +35,8 @@ bool isFrame(std::string_view bytes)
 bool isText(std::string_view bytes)
 {
     return bytes.find('\0') == std::string_view::npos &&
-           (bytes.find("<?xml") != std::string_view::npos || bytes.find("<XML_ZELMAR") != std::string_view::npos);
+           (bytes.find("<?xml") != std::string_view::npos ||
+            bytes.find("<XML_ZELMAR") != std::string_view::npos);
 }
 
 Format guess(std::string_view beginning)
@@ -66,11 +67,15 @@ void read(Input& input, Format format, const Receive& receive)
     if (beginning.empty())
         return reportDamage(receive, "it is empty");
     switch (format == Format::kGuessed ? guess(beginning) : format) {
-    case Format::kCapture: return readCapture(input, receive);
-    case Format::kHex: return readHex(input, receive);
-    case Format::kText: return readStream(input, Gaps::kNever, receive);
+    case Format::kCapture:
+        return readCapture(input, receive);
+    case Format::kHex:
+        return readHex(input, receive);
+    case Format::kText:
+        return readStream(input, Gaps::kNever, receive);
     case Format::kFrames:
-    case Format::kGuessed: return readStream(input, Gaps::kAlways, receive);
+    case Format::kGuessed:
+        return readStream(input, Gaps::kAlways, receive);
     }
 }
 

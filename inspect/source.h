@@ -67,6 +67,7 @@ private:
     std::size_t splitText(std::string_view bytes, const Start& start);
     std::size_t skip(std::string_view bytes);
     void breakOff(const char* why);
+    bool isSaid() const; // that something is wrong here
     void openGap(std::string reason, bool isQuiet = false);
     void closeGap(bool forMessage);
     void give(std::string_view payload, bool isEnciphered, bool isBare);
@@ -77,7 +78,7 @@ private:
     {
         std::uint64_t offset = 0;
         std::uint64_t size = 0;
-        bool isBlank = true; // white space and zeros
+        bool isBlank = true;  // white space and zeros
         bool isQuiet = false; // what is wrong has been said
         std::string reason;
     };

@@ -91,8 +91,7 @@ struct FrameSplitter::Start
 
 FrameSplitter::FrameSplitter(Receive receive, std::size_t longest, Gaps gaps)
     : m_receive(std::move(receive)), m_longest(std::min<std::size_t>(longest, INT32_MAX)), m_gaps(gaps)
-{
-}
+{}
 
 // Behind a gap a plain frame has to begin like a text too: its four bytes may be a part of anything there.
 FrameSplitter::Start FrameSplitter::startOf(std::string_view bytes) const
@@ -102,7 +101,8 @@ FrameSplitter::Start FrameSplitter::startOf(std::string_view bytes) const
     ZEL_FRAME_HEAD head;
     const int count = static_cast<int>(std::min<std::size_t>(bytes.size(), ZEL_FRAME_HEAD_SIZE));
     const int found = ZelProtocolFrameHeadRead(bytes.data(), count, static_cast<int>(m_longest), &head);
-    Start start{Start::kPart, head.iType == ZEL_FRAME_ENCIPHERED, found == ZEL_ERR_BAD_CONTENT, head.iLength, 0};
+    Start start{Start::kPart, head.iType == ZEL_FRAME_ENCIPHERED, found == ZEL_ERR_BAD_CONTENT, head.iLength,
+                0};
     if (found < 0)
         start.kind = Start::kNone;
     else if (found > 0 && (!m_isInGap || start.isEnciphered))
@@ -218,7 +218,8 @@ std::size_t FrameSplitter::splitText(std::string_view bytes, const Start& start)
         give(bytes.substr(0, size), false, true);
         return size;
     }
-    giveBroken("a text without its closing tag");
+    if (!isSaid())
+        giveBroken("a text without its closing tag");
     openGap({}, true);
     return skip(bytes);
 }
@@ -253,7 +254,8 @@ void FrameSplitter::end()
     closeGap(false);
 }
 
-// What waits for its rest won't get it. Messages within it are still given.
+// What waits for its rest won't get it. Whole messages within it are still given; others that are broken
+// aren't worth a line.
 void FrameSplitter::breakOff(const char* why)
 {
     std::string rest = std::exchange(m_rest, {});
@@ -261,18 +263,23 @@ void FrameSplitter::breakOff(const char* why)
     for (std::size_t at = 0; at < rest.size();) {
         const std::string_view bytes = std::string_view(rest).substr(at);
         const Start start = startOf(bytes);
-        if (start.kind == Start::kFrame)
+        if (!isSaid() && start.kind == Start::kFrame)
             giveBroken("of a frame of " + std::to_string(start.length) + " bytes there are only " +
                        std::to_string(bytes.size() - ZEL_FRAME_HEAD_SIZE) + ": " + why);
-        else if (start.kind == Start::kText)
+        else if (!isSaid() && start.kind == Start::kText)
             giveBroken(std::string("a text without its closing tag: ") + why);
-        else
+        else if (start.kind == Start::kPart)
             openGap(std::string("a message breaks off: ") + why);
         openGap({}, true);
         const std::size_t skipped = skip(bytes);
         m_offset += skipped;
         at += skipped + split(bytes.substr(skipped));
     }
+}
+
+bool FrameSplitter::isSaid() const
+{
+    return m_isInGap && m_gap.isQuiet;
 }
 
 void FrameSplitter::openGap(std::string reason, bool isQuiet)
@@ -304,11 +311,8 @@ void FrameSplitter::give(std::string_view payload, bool isEnciphered, bool isBar
     m_receive(found);
 }
 
-// Within a message that is broken others that are broken aren't worth a line.
 void FrameSplitter::giveBroken(const std::string& damage)
 {
-    if (m_isInGap && m_gap.isQuiet)
-        return;
     closeGap(true);
     m_hasFound = true;
     report(m_offset, damage);

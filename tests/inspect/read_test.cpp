@@ -18,8 +18,8 @@ namespace {
 
 std::string text(const std::string& value)
 {
-    return "<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n<MESSAGE_HEADER\nMsg_flag=\"" + value +
-           "\"\n/>\n</XML_ZELMAR>";
+    return "<?xml version=\"1.0\" encoding=\"GB2312\" ?>\n<XML_ZELMAR>\n<MESSAGE_HEADER\nMsg_flag=\"" +
+           value + "\"\n/>\n</XML_ZELMAR>";
 }
 
 std::string framed(const std::string& payload, int type = ZEL_FRAME_PLAIN)
@@ -105,35 +105,36 @@ TEST(Splitter, GoesOnAtTheNextFrameAfterDamage)
     std::string long1 = frame; // its length takes in the next one and a part of a third
     long1[4] = static_cast<char>(long1[4] + 100);
     EXPECT_EQ(linesOf(long1 + next + next),
-              (Lines{line(0, "! a frame of " + std::to_string(size + 92) + " bytes, but another starts after " +
-                                 std::to_string(size - 8)),
+              (Lines{line(0, "! a frame of " + std::to_string(size + 92) +
+                                 " bytes, but another starts after " + std::to_string(size - 8)),
                      line(0, text("a")), line(size, text("b")), line(2 * size, text("b"))}));
 
     std::string cut = frame; // bytes went missing from a file, the next frame follows too early
     cut.erase(size - 20);
     EXPECT_EQ(linesOf(cut + next + next),
-              (Lines{line(0, "! a frame of " + std::to_string(size - 8) + " bytes, but another starts after " +
-                                 std::to_string(size - 28)),
+              (Lines{line(0, "! a frame of " + std::to_string(size - 8) +
+                                 " bytes, but another starts after " + std::to_string(size - 28)),
                      line(size - 20, text("b")), line(2 * size - 20, text("b"))}));
 
     std::string short1 = frame;
     short1[4] = static_cast<char>(short1[4] - 10);
-    EXPECT_EQ(linesOf(short1 + next),
-              (Lines{line(0, text("a").substr(0, size - 18)),
-                     line(size - 10, "! no message starts here; 10 bytes passed over"), line(size, text("b"))}));
+    EXPECT_EQ(
+        linesOf(short1 + next),
+        (Lines{line(0, text("a").substr(0, size - 18)),
+               line(size - 10, "! no message starts here; 10 bytes passed over"), line(size, text("b"))}));
 
     std::string huge = frame;
     huge[7] = '\x7f';
     const std::string hugeNumber = std::to_string((0x7fu << 24) + size - 8);
     const Lines others = {line(8, "bare " + text("a")), line(size, text("b"))}; // the text is saved
-    EXPECT_EQ(linesOf(huge + next),
-              (Lines{line(0, "! a frame whose length can't be: " + hugeNumber + " bytes; 8 bytes passed over"),
-                     others[0], others[1]}));
+    EXPECT_EQ(linesOf(huge + next), (Lines{line(0, "! a frame whose length can't be: " + hugeNumber +
+                                                       " bytes; 8 bytes passed over"),
+                                           others[0], others[1]}));
     huge[7] = '\0';
     huge[6] = '\x01'; // fits, but isn't there
     EXPECT_EQ(linesOf(huge + next),
-              (Lines{line(0, "! of a frame of " + std::to_string((1u << 16) + size - 8) + " bytes there are only " +
-                                 std::to_string(2 * size - 8) + ": it ends"),
+              (Lines{line(0, "! of a frame of " + std::to_string((1u << 16) + size - 8) +
+                                 " bytes there are only " + std::to_string(2 * size - 8) + ": it ends"),
                      others[0], others[1]}));
 
     const std::string open = text("c").substr(0, 60);
@@ -168,8 +169,9 @@ TEST(Splitter, OtherProtocolsAreNoDamage)
 TEST(Splitter, HostileBytesCostNeitherMemoryNorTime)
 {
     std::size_t most = 0;
-    for (const std::string& piece : {std::string("\x58\x91\x58\x51\xff\xff\x0f\0<", 9), std::string("<XML_ZELMAR"),
-                                     std::string("<?xml"), std::string("\x57\x81\x59\x52\x01\0\0\0x!", 10)}) {
+    for (const std::string& piece :
+         {std::string("\x58\x91\x58\x51\xff\xff\x0f\0<", 9), std::string("<XML_ZELMAR"), std::string("<?xml"),
+          std::string("\x57\x81\x59\x52\x01\0\0\0x!", 10)}) {
         FrameSplitter splitter([](const Found&) {}, 1u << 20);
         std::string bytes;
         while (bytes.size() < 4u << 20)
@@ -235,11 +237,21 @@ std::string dump(const std::string& bytes, Style style)
         if (style != Style::kWords)
             digits.resize(style == Style::kXxd || style == Style::kTcpdump ? 40 : 49, ' ');
         switch (style) {
-        case Style::kXxd: result += offsetText(8, at) + ":" + digits + "  " + printable(row); break;
-        case Style::kCanonical: result += offsetText(8, at) + " " + digits + "  |" + printable(row) + "|"; break;
-        case Style::kWords: result += offsetText(7, at) + digits; break;
-        case Style::kTcpdump: result += "\t0x" + offsetText(4, at) + ": " + digits + "  " + printable(row); break;
-        case Style::kAnalyser: result += offsetText(4, at) + " " + digits + "   " + printable(row); break;
+        case Style::kXxd:
+            result += offsetText(8, at) + ":" + digits + "  " + printable(row);
+            break;
+        case Style::kCanonical:
+            result += offsetText(8, at) + " " + digits + "  |" + printable(row) + "|";
+            break;
+        case Style::kWords:
+            result += offsetText(7, at) + digits;
+            break;
+        case Style::kTcpdump:
+            result += "\t0x" + offsetText(4, at) + ": " + digits + "  " + printable(row);
+            break;
+        case Style::kAnalyser:
+            result += offsetText(4, at) + " " + digits + "   " + printable(row);
+            break;
         }
         result += '\n';
     }
@@ -254,7 +266,8 @@ TEST(Hex, EveryFormGivesTheSame)
     const std::string bytes = framed(text("ab cd ef 01  23")) + framed(text("deadbeef deadbeef"));
     const Lines expected = linesOf(bytes);
     ASSERT_EQ(expected.size(), 2u);
-    for (const Style style : {Style::kXxd, Style::kCanonical, Style::kWords, Style::kTcpdump, Style::kAnalyser})
+    for (const Style style :
+         {Style::kXxd, Style::kCanonical, Style::kWords, Style::kTcpdump, Style::kAnalyser})
         EXPECT_EQ(linesOf(dump(bytes, style)), expected) << dump(bytes, style);
 
     std::string plain;
@@ -271,7 +284,8 @@ TEST(Hex, EveryFormGivesTheSame)
 
 TEST(Hex, RepeatedAndMissingLines)
 {
-    const std::string bytes = framed(text("a") + std::string(4, '\0') + std::string(160, 'z')) + framed(text("b"));
+    const std::string bytes =
+        framed(text("a") + std::string(4, '\0') + std::string(160, 'z')) + framed(text("b"));
     const std::string whole = dump(bytes, Style::kCanonical);
     const std::string zeds = "|zzzzzzzzzzzzzzzz|";
     std::string starred;
@@ -340,7 +354,8 @@ struct Taken
     {
         const std::vector<std::uint8_t> bytes = packet.serialize();
         time += 0.01;
-        capture.take(time, link, {reinterpret_cast<const char*>(bytes.data()), bytes.size() - missing}, missing);
+        capture.take(time, link, {reinterpret_cast<const char*>(bytes.data()), bytes.size() - missing},
+                     missing);
         return *this;
     }
     Taken& take(Tins::PDU&& packet, int link = DLT_RAW, std::size_t missing = 0)
@@ -407,7 +422,8 @@ TEST(CaptureReading, ALostSegmentCostsItsMessagesOnly)
     lines.erase(std::remove_if(lines.begin(), lines.end(), isDamage), lines.end());
     EXPECT_GE(lines.size(), stream.expected.size() - 2);
     for (const std::string& one : lines)
-        EXPECT_NE(std::find(stream.expected.begin(), stream.expected.end(), one), stream.expected.end()) << one;
+        EXPECT_NE(std::find(stream.expected.begin(), stream.expected.end(), one), stream.expected.end())
+            << one;
 
     // It isn't waited for beyond some time or some bytes.
     CaptureLimits limits;
@@ -552,7 +568,8 @@ TEST(CaptureReading, Files)
     for (std::size_t i = 0; i < 3; ++i) {
         const std::vector<std::uint8_t> bytes = sender.segment(i * frame.size(), frame).serialize();
         const std::string size = number(static_cast<std::uint32_t>(bytes.size()));
-        file += block(6, number(0) + number(0) + number(1500000) + size + size + std::string(bytes.begin(), bytes.end()));
+        file += block(6, number(0) + number(0) + number(1500000) + size + size +
+                             std::string(bytes.begin(), bytes.end()));
     }
     Log log;
     readBytes(file, Format::kGuessed, log.receive());
@@ -568,7 +585,8 @@ TEST(CaptureReading, Files)
     std::string printed;
     for (std::size_t i = 0; i < 2; ++i) {
         const std::vector<std::uint8_t> bytes = sender.segment(i * frame.size(), frame).serialize();
-        printed += std::to_string(1700000000 + i) + ".250000 IP 10.0.0.5.8000 > 10.0.0.7.4000: Flags [.], length 99\n" +
+        printed += std::to_string(1700000000 + i) +
+                   ".250000 IP 10.0.0.5.8000 > 10.0.0.7.4000: Flags [.], length 99\n" +
                    dump(std::string(bytes.begin(), bytes.end()), Style::kTcpdump);
     }
     Log second;
