@@ -11,6 +11,7 @@
 
 namespace inspect {
 
+// A command that was used wrongly throws: a CLI::ParseError, or any other std::exception.
 enum Exit : int
 {
     kFine = 0,
@@ -18,7 +19,7 @@ enum Exit : int
     kMisused = 2
 };
 
-// The options of every command. They outlive the parsing.
+// The options of every command, and how it went. They outlive the parsing.
 struct Common
 {
     bool json = false; // one object a line
@@ -26,16 +27,25 @@ struct Common
     std::string charset; // "", "utf-8", "gb2312"
     std::string keyFile; // 32 bytes, or 64 hexadecimal digits
     int mode = 1;        // of the codec, for what is enciphered
+    int result = kFine;  // the program's exit status
 
     JsonOptions jsonOptions() const;
-    Cipher cipher() const; // reads the key; throws a CLI::ValidationError with the file's name
-    int result = kFine;    // the program's exit status
+    // Reads the key, if there is one; throws a CLI::ValidationError with the file's name.
+    Cipher cipher() const;
 };
 
+// Adds --json.
+void addJsonOption(CLI::App& command, Common& common);
 // Adds --json, --show-secrets, --charset.
 void addOutputOptions(CLI::App& command, Common& common);
 // Adds --key-file, --mode.
 void addCipherOptions(CLI::App& command, Common& common);
+
+// The one message that a user names; throws a CLI::ValidationError that lists them where several fit.
+int findMessage(const std::string& name);
+
+// "request", "response": of the four kinds.
+const char* nameOfKind(int kind);
 
 // A message for people: a line for what it is, then a line for each field that isn't absent.
 void print(std::ostream& out, const Message& message, const JsonOptions& options);

@@ -2,6 +2,7 @@
 # Installs what the build and the tests need, and says what that is. Does nothing when all is there.
 #
 #   install-dependencies.sh       what `make test` and `make demo` need
+#   install-dependencies.sh library the same without the inspector, for builds with -DZEL_BUILD_INSPECT=OFF
 #   install-dependencies.sh ci    what .ci/run needs on top
 #   install-dependencies.sh bench what `make bench` needs on top
 #   install-dependencies.sh costs what `make costs` needs on top
@@ -51,8 +52,14 @@ need pkg-config 'pkg-config' has_command pkg-config
 need libpugixml-dev 'pugixml 1.11 or later' has_library pugixml
 need libsodium-dev 'libsodium' has_library libsodium
 need libgtest-dev 'GoogleTest' has_library gtest
+if [ "${1:-}" != library ]; then
+    need nlohmann-json3-dev 'JSON for Modern C++ 3.11 or later' has_library nlohmann_json
+    need libcli11-dev 'CLI11 2.1 or later' has_library CLI11
+    need libtins-dev 'libtins' has_library libtins
+    need libpcap0.8-dev 'libpcap' has_library libpcap
+fi
 case "${1:-}" in
-'') ;;
+'' | library) ;;
 ci)
     need g++ 'GCC' has_command g++
     need clang 'clang' has_command clang++
@@ -97,7 +104,7 @@ cross)
     need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
     ;;
 *)
-    echo "usage: $0 [ci|bench|costs|coverage|records|fuzz|cross]" >&2
+    echo "usage: $0 [library|ci|bench|costs|coverage|records|fuzz|cross]" >&2
     exit 2
     ;;
 esac

@@ -1,0 +1,98 @@
+#include <algorithm>
+#include <iomanip>
+#include <iostream>
+#include <memory>
+
+#include "inspect/command.h"
+
+namespace inspect {
+
+namespace {
+
+Json describeEntry(int index)
+{
+    ZEL_CATALOGUE_ENTRY entry;
+    ZelProtocolCatalogueEntry(index, &entry);
+    Json object = {{"message", nameOf(index)}, {"type", entry.Msg_type}};
+    if (*entry.Msg_code)
+        object["code"] = entry.Msg_code;
+    if (entry.word)
+        object["word"] = entry.word;
+    if (entry.alarm_code != -1)
+        object["alarm"] = entry.alarm_code;
+    if (entry.operation)
+        object["operation"] = entry.operation;
+    if (entry.record)
+        object["record"] = entry.record;
+    if (entry.extension)
+        object["extension"] = entry.extension;
+    object["kinds"] = Json::array();
+    for (int kind = 0; kind < 4; ++kind)
+        if ((entry.kinds >> kind & 1) != 0)
+            object["kinds"].push_back(kind);
+    object["rawData"] = entry.behind != ZEL_BEHIND_NOTHING;
+    object["frame"] = entry.is_bare == 0;
+    return object;
+}
+
+// "request, response", of the two kinds that everybody uses.
+std::string kindsOf(const ZEL_CATALOGUE_ENTRY& entry)
+{
+    std::string kinds;
+    for (const int kind : {ZEL_KIND_REQUEST, ZEL_KIND_RESPONSE})
+        if ((entry.kinds >> kind & 1) != 0)
+            kinds.append(kinds.empty() ? "" : ", ").append(nameOfKind(kind));
+    return !kinds.empty() ? kinds : entry.record ? "in the header" : "header alone";
+}
+
+void printTable(const std::vector<int>& messages)
+{
+    std::size_t width = 0;
+    for (const int index : messages)
+        width = std::max(width, nameOf(index).size());
+    for (const int index : messages) {
+        ZEL_CATALOGUE_ENTRY entry;
+        ZelProtocolCatalogueEntry(index, &entry);
+        std::cout << std::left << std::setw(static_cast<int>(width)) << nameOf(index) << "  " << std::setw(17)
+                  << kindsOf(entry) << "  " << (entry.operation ? entry.operation : "-") << '\n';
+    }
+}
+
+std::vector<int> chosen(const std::string& filter)
+{
+    if (!filter.empty()) {
+        const std::vector<int> found = findMessages(filter);
+        if (found.empty())
+            throw CLI::ValidationError(filter, "is no message that the catalogue knows");
+        return found;
+    }
+    std::vector<int> all(static_cast<std::size_t>(ZelProtocolCatalogueCount()));
+    for (std::size_t i = 0; i < all.size(); ++i)
+        all[i] = static_cast<int>(i);
+    return all;
+}
+
+void runList(const Common& common, const std::string& filter)
+{
+    const std::vector<int> messages = chosen(filter);
+    if (!common.json)
+        return printTable(messages);
+    for (const int index : messages)
+        std::cout << describeEntry(index).dump() << '\n';
+}
+
+} // namespace
+
+void addList(CLI::App& zel, Common& common)
+{
+    CLI::App* const command = zel.add_subcommand("list", "List the messages of the catalogue");
+    const auto filter = std::make_shared<std::string>();
+    command
+        ->add_option("message", *filter,
+                     "Only those of this name: a type, a code, a word, an operation or a record")
+        ->type_name("NAME");
+    addJsonOption(*command, common);
+    command->callback([&common, filter] { runList(common, *filter); });
+}
+
+} // namespace inspect

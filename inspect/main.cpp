@@ -1,0 +1,46 @@
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "inspect/command.h"
+#include "zel_protocol/version.h"
+
+namespace {
+
+void addCommands(CLI::App& zel, inspect::Common& common)
+{
+    inspect::addList(zel, common);
+}
+
+int fail(const char* why)
+{
+    std::cout.flush();
+    std::cerr << "zel: " << why << '\n';
+    return inspect::kMisused;
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    using namespace inspect;
+    // What the codec has to say of a message is in its status.
+    ZelPlatformSetLogLevel(ZEL_PLATFORM_LOG_NONE);
+    CLI::App zel("See, check, make and answer messages of the surveillance device control protocol.", "zel");
+    zel.set_version_flag("--version", std::string("zel ") + ZelProtocolVersion());
+    zel.require_subcommand(1);
+    Common common;
+    addCommands(zel, common);
+    try {
+        zel.parse(count, arguments);
+    } catch (const CLI::ParseError& error) {
+        return zel.exit(error) == 0 ? kFine : kMisused;
+    } catch (const std::exception& error) {
+        return fail(error.what());
+    }
+    std::cout.flush();
+    if (!std::cout)
+        return fail("the output can't be written");
+    return common.result;
+}
