@@ -19,7 +19,7 @@ constexpr std::string_view kSeparators = " \t\r,:;-{}()\"'";
 constexpr std::size_t kLongestLine = 64u << 10; // longer ones come in parts
 constexpr std::size_t kMostInDumpLine = 256;
 constexpr std::size_t kLongestPacket = 256u << 10;
-constexpr std::uint64_t kMostRepeated = 16u << 20; // bytes that stars stand for in a file
+constexpr std::uint64_t kMostRepeated = 4u << 20; // bytes that stars stand for in a file
 
 int digit(char c)
 {
@@ -74,7 +74,7 @@ std::optional<DumpLine> dumpLine(std::string_view line)
         line.remove_prefix(1);
 
     // Of words the two bytes are in the machine's order.
-    bool areWords = offset.size() == 7 && !hasColon;
+    bool areWords = (offset.size() == 6 || offset.size() == 7) && !hasColon;
     std::size_t firstGap = 0;
     while (result.bytes.size() < kMostInDumpLine) {
         const std::size_t gap = std::min(line.size(), line.find_first_not_of(kBlanks));
@@ -187,6 +187,8 @@ private:
 
     void takePlain(std::string_view line, bool goesOn)
     {
+        if (line.find('=') != std::string_view::npos) // a source's declaration
+            return;
         const std::optional<std::string> bytes = plainBytes(line, m_half);
         if (!bytes || (!goesOn && m_half != '\0')) {
             m_half = '\0';

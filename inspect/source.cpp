@@ -52,12 +52,17 @@ Format guess(std::string_view beginning)
 
 void readStream(Input& input, Gaps gaps, const Receive& receive)
 {
-    FrameSplitter splitter(receive, 16u << 20, gaps);
+    bool isSilent = true;
+    const auto listen = [&](const Found& found) {
+        isSilent = false;
+        receive(found);
+    };
+    FrameSplitter splitter(listen, 16u << 20, gaps);
     std::vector<char> chunk(kChunk);
     while (const std::size_t count = input.read(chunk.data(), chunk.size()))
         splitter.take({chunk.data(), count});
     splitter.end();
-    if (!splitter.hasFound() && gaps == Gaps::kNever)
+    if (isSilent)
         reportDamage(receive, "no message in it");
 }
 

@@ -87,7 +87,8 @@ private:
     std::size_t m_longest; // bytes of a payload that is kept
     Gaps m_gaps;
     std::string m_rest;
-    std::uint64_t m_offset = 0; // of m_rest, then of what is being split
+    std::size_t m_done = 0;     // bytes at its front that are done with
+    std::uint64_t m_offset = 0; // of what comes behind them
     std::size_t m_searched = 0; // bytes of a bare text whose end isn't there
     bool m_hasFound = false;
     bool m_isInGap = false;

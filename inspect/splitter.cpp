@@ -112,14 +112,15 @@ FrameSplitter::Start FrameSplitter::startOf(std::string_view bytes) const
     return start;
 }
 
-// The next place that may be a message's start; the end where there is none. Goes by windows, so that one
-// beginning that is nowhere isn't looked for in all the bytes again and again.
+// The next place that may be a message's start; the end where there is none. Goes by windows that grow, so that
+// one beginning that is nowhere isn't looked for far beyond another that is near.
 std::size_t FrameSplitter::findStart(std::string_view bytes, std::size_t from) const
 {
-    constexpr std::size_t kWindow = 4096;
+    constexpr std::size_t kWidest = 4096;
+    std::size_t width = 64;
     const std::size_t first = from;
     while (from < bytes.size()) {
-        const std::size_t windowEnd = std::min(bytes.size(), from + kWindow);
+        const std::size_t windowEnd = std::min(bytes.size(), from + width);
         const std::string_view window =
             bytes.substr(0, std::min(bytes.size(), windowEnd + kLongestBeginning - 1));
         std::size_t next = windowEnd;
@@ -128,6 +129,7 @@ std::size_t FrameSplitter::findStart(std::string_view bytes, std::size_t from) c
         if (next < windowEnd && startOf(bytes.substr(next)).kind != Start::kNone)
             return next;
         from = next < windowEnd ? next + 1 : windowEnd;
+        width = std::min(2 * width, kWidest);
     }
     // The last bytes may be the start of a beginning.
     const std::size_t tail = bytes.size() - std::min(bytes.size(), kLongestBeginning - 1);
@@ -145,7 +147,11 @@ void FrameSplitter::take(std::string_view bytes)
         return;
     }
     m_rest.append(bytes);
-    m_rest.erase(0, split(m_rest));
+    m_done += split(std::string_view(m_rest).substr(m_done));
+    // Moving the rest to the front for every message would cost too much where there are many in it.
+    if (m_done < m_rest.size() / 2)
+        return;
+    m_rest.erase(0, std::exchange(m_done, 0));
     if (m_rest.capacity() > kKeptRoom && m_rest.size() < kKeptRoom)
         m_rest.shrink_to_fit();
 }
@@ -258,9 +264,9 @@ void FrameSplitter::end()
 // aren't worth a line.
 void FrameSplitter::breakOff(const char* why)
 {
-    std::string rest = std::exchange(m_rest, {});
+    const std::string rest = std::exchange(m_rest, {});
     m_searched = 0;
-    for (std::size_t at = 0; at < rest.size();) {
+    for (std::size_t at = std::exchange(m_done, 0); at < rest.size();) {
         const std::string_view bytes = std::string_view(rest).substr(at);
         const Start start = startOf(bytes);
         if (!isSaid() && start.kind == Start::kFrame)
