@@ -16,11 +16,14 @@ enum class Charset : std::uint8_t
     kGb2312 // taken as GB18030
 };
 
-// Bytes that the charset doesn't have come out as U+DC80 to U+DCFF's stand-ins "\xNN" written by the private
-// code points U+F780 to U+F7FF, one for each byte, which fromUtf8 turns back.
+// What a text seems to be written in; kGuessed if nothing tells, as all of it is ASCII.
+Charset guess(std::string_view bytes);
+
+// Always UTF-8, whatever the bytes are, and fromUtf8 of the same charset gives the same bytes again: one that
+// the charset doesn't have is one of the private code points U+F780 to U+F7FF, for 0x80 to 0xFF.
 std::string toUtf8(std::string_view bytes, Charset charset);
 
-// Nothing where a character isn't in the charset.
+// A guessed charset is UTF-8. Nothing where a character isn't in the charset, or the text isn't UTF-8.
 std::optional<std::string> fromUtf8(std::string_view text, Charset charset);
 
 } // namespace inspect

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstring>
 #include <fstream>
-#include <iterator>
 
 namespace inspect {
 
@@ -108,12 +107,6 @@ int findMessage(const std::string& name)
     if (found.size() > kMostNamed)
         names += "\n  ...";
     throw CLI::ValidationError(name, names);
-}
-
-const char* nameOfKind(int kind)
-{
-    constexpr const char* kNames[] = {"request", "response", "other-request", "other-response"};
-    return kind >= 0 && static_cast<std::size_t>(kind) < std::size(kNames) ? kNames[kind] : "unknown";
 }
 
 } // namespace inspect

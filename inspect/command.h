@@ -44,9 +44,6 @@ void addCipherOptions(CLI::App& command, Common& common);
 // The one message that a user names; throws a CLI::ValidationError that lists them where several fit.
 int findMessage(const std::string& name);
 
-// "request", "response": of the four kinds.
-const char* nameOfKind(int kind);
-
 // A message for people: a line for what it is, then a line for each field that isn't absent.
 void print(std::ostream& out, const Message& message, const JsonOptions& options);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "inspect/secrets.h"
 #include "zel_protocol/zel_protocol.h"
 
 namespace inspect {
@@ -94,13 +95,16 @@ std::vector<Record> makeRecords()
     std::vector<Record> all;
     // Fields point at the records of nested structs, so these never move.
     all.reserve(std::size(kLines));
-    for (const ListLine& line : kLines)
-        if (line.kind != Line::kField)
+    for (const ListLine& line : kLines) {
+        if (line.kind != Line::kField) {
             all.push_back(begin(line, all));
-        else
-            all.back().fields.push_back({line.name, line.comment, line.type,
-                                         line.other ? findIn(all, line.other) : nullptr, line.offset,
-                                         line.size, line.rows, line.columns});
+            continue;
+        }
+        Record& record = all.back();
+        record.fields.push_back({line.name, line.comment, line.type,
+                                 line.other ? findIn(all, line.other) : nullptr, line.offset, line.size,
+                                 line.rows, line.columns, isSecret(record.name, line.name)});
+    }
     return all;
 }
 
@@ -122,6 +126,28 @@ const std::vector<Record>& records()
 const Record* findRecord(std::string_view name)
 {
     return findIn(records(), name);
+}
+
+FieldPlace fieldAt(const Record& record, std::size_t offset)
+{
+    for (const Field& field : record.fields) {
+        const std::size_t row = field.size * std::max<std::size_t>(field.columns, 1);
+        const std::size_t size = row * std::max<std::size_t>(field.rows, 1);
+        if (offset < field.offset || offset >= field.offset + size)
+            continue;
+        const std::size_t within = offset - field.offset;
+        std::string path(field.name);
+        if (field.rows != 0)
+            path += "[" + std::to_string(within / row) + "]";
+        if (field.columns != 0)
+            path += "[" + std::to_string(within % row / field.size) + "]";
+        const std::size_t rest = within % field.size;
+        if (!field.nested)
+            return rest == 0 ? FieldPlace{&field, path} : FieldPlace{};
+        FieldPlace inner = fieldAt(*field.nested, rest);
+        return {inner.field, path + "." + inner.path};
+    }
+    return {};
 }
 
 } // namespace inspect

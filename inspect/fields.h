@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -42,6 +43,7 @@ struct Field
     // How many of them there are, in each dimension; 0 where there is none. A text's own size isn't one.
     std::size_t rows = 0;
     std::size_t columns = 0;
+    bool isSecret = false; // a password, a key or a session's name
 };
 
 struct Record
@@ -60,6 +62,15 @@ struct Record
 const std::vector<Record>& records();
 
 const Record* findRecord(std::string_view name); // null: there is none
+
+// A field by its place in a record, as the catalogue describes it.
+struct FieldPlace
+{
+    const Field* field = nullptr; // null: no field begins there
+    std::string path;             // "stDisk[0].Size"
+};
+
+FieldPlace fieldAt(const Record& record, std::size_t offset);
 
 } // namespace inspect
 

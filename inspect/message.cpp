@@ -298,8 +298,16 @@ void chooseMessage(Message& message)
         as<ALARM_REPORT_CMD_RPEORT_ALARM_PARAM>(message.record).Alarm_code = entry.alarm_code;
 }
 
+// A record's fields may choose another message, whose record is another one.
+bool isItself(const Message& message)
+{
+    return !message.record || (message.index >= 0 && findIndex(message) == message.index);
+}
+
 int composePlain(const Message& message, Bytes& bytes)
 {
+    if (!isItself(message))
+        return ZEL_ERR_BAD_CONTENT;
     const void* const record = message.record.get();
     const int size = ZelProtocolXMLComposeSize(&message.header, record, message.kind, ZEL_CODEC_PLAIN);
     if (size < 0)
@@ -449,6 +457,13 @@ Message makeMessage(int index, int kind)
     return message;
 }
 
+void dropExtension(Message& message)
+{
+    void* const none = nullptr;
+    if (message.extension())
+        std::memcpy(static_cast<char*>(message.record.get()) + message.entry.pointer_at, &none, sizeof none);
+}
+
 Analysed analyse(std::string_view payload, Cipher& cipher)
 {
     Analysed analysed;
@@ -468,6 +483,8 @@ Analysed analyse(std::string_view payload, Cipher& cipher)
 Composed compose(const Message& message, Cipher& cipher)
 {
     Bytes bytes;
+    if (!isItself(message))
+        return refuse(ZEL_ERR_BAD_CONTENT, "type, code, command word or alarm code are another message's");
     if (const int status = composePlain(message, bytes))
         return refuse(status);
     if (!isFrame(bytes))
@@ -475,6 +492,14 @@ Composed compose(const Message& message, Cipher& cipher)
                                        : refuse(ZEL_ERR_BAD_CONTENT, "nothing follows a bare text");
     Composed composed = addRawData(std::move(bytes), message);
     return composed.status == 0 && cipher.mode >= 0 ? encipher(composed.bytes, cipher) : composed;
+}
+
+std::size_t announcedData(const Message& message)
+{
+    Bytes bytes;
+    if (composePlain(message, bytes) != 0 || !isFrame(bytes))
+        return 0;
+    return static_cast<std::size_t>(std::max(announcedBytes(bytes) - ZEL_FRAME_END_CODE_SIZE, 0));
 }
 
 Bytes featuresOf(const Message& message)

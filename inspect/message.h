@@ -73,6 +73,9 @@ std::string nameOf(int index);
 // extension where it has one. Throws a std::out_of_range for an index that there isn't.
 Message makeMessage(int index, int kind);
 
+// Leaves the record without its extension, as many a query comes.
+void dropExtension(Message& message);
+
 struct Analysed
 {
     int status = 0; // 0 or of ZEL_STATUS; the header may be filled although it is below zero
@@ -99,6 +102,9 @@ struct Composed
 // Raw data has to be as long as the record announces it; that of a face may stand in its record alone. A
 // record that announces a negative length goes out without any.
 Composed compose(const Message& message, Cipher& cipher);
+
+// Bytes of raw data that the record announces; 0 where it announces none or can't be composed.
+std::size_t announcedData(const Message& message);
 
 // The feature block that stands in a face's record; empty for all other messages.
 Bytes featuresOf(const Message& message);
