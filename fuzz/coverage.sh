@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# coverage.sh BUILD SECONDS: which lines of src and platform the committed corpus reaches, and which a run of that
+# coverage.sh BUILD SECONDS: which lines of src, platform and inspect the committed corpus reaches, and which a run of that
 # many seconds for each fuzzer.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=$1
 seconds=$2
-fuzzers='analysis messages compose xml codec'
+fuzzers='analysis messages compose xml codec read'
 flags='-O1 -fsanitize=address,fuzzer-no-link -fprofile-instr-generate -fcoverage-mapping'
 
 cmake --preset fuzz -B "$build" -DCMAKE_CXX_FLAGS="$flags"
@@ -19,7 +19,7 @@ report() { # report TITLE PROFILE...
         objects+=(-object "$build/fuzz/${name}_fuzzer")
     done
     echo "=== $title"
-    llvm-cov-14 report "${objects[@]:1}" -instr-profile="$build/all.profdata" "$PWD/src" "$PWD/platform" |
+    llvm-cov-14 report "${objects[@]:1}" -instr-profile="$build/all.profdata" "$PWD/src" "$PWD/platform" "$PWD/inspect" |
         awk '/^Filename/ { print "lines   missed  cover  file"; next }
              NF > 9 { printf "%6s %7s %7s  %s\n", $(8), $(9), $(10), $1 }'
 }

@@ -7,7 +7,7 @@ source_dir=$(cd "$(dirname "$0")" && pwd)
 build=$1/fuzz
 seconds=$2
 shift 2
-[ $# -gt 0 ] || set -- analysis messages compose xml codec
+[ $# -gt 0 ] || set -- analysis messages compose xml codec read
 read -ra emulator <<<"${EMULATOR:-}"
 export ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1${ASAN_OPTIONS:+:$ASAN_OPTIONS}
 export UBSAN_OPTIONS=print_stacktrace=1${UBSAN_OPTIONS:+:$UBSAN_OPTIONS}

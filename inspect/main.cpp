@@ -11,6 +11,7 @@ namespace {
 void addCommands(CLI::App& zel, inspect::Common& common)
 {
     inspect::addList(zel, common);
+    inspect::addRead(zel, common);
 }
 
 int fail(const char* why)

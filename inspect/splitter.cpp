@@ -238,6 +238,7 @@ std::size_t FrameSplitter::skip(std::string_view bytes)
                     ? "a frame whose length can't be: " + std::to_string(lengthInHead(bytes)) + " bytes"
                     : "no message starts here");
     }
+    m_searched = 0;
     const std::size_t count = findStart(bytes, 1);
     if (m_gap.isBlank)
         m_gap.isBlank = pastBlanks(bytes.substr(0, count), 0) == count;
@@ -265,7 +266,6 @@ void FrameSplitter::end()
 void FrameSplitter::breakOff(const char* why)
 {
     const std::string rest = std::exchange(m_rest, {});
-    m_searched = 0;
     for (std::size_t at = std::exchange(m_done, 0); at < rest.size();) {
         const std::string_view bytes = std::string_view(rest).substr(at);
         const Start start = startOf(bytes);

@@ -10,9 +10,14 @@
 
 #include "inspect/capture.h"
 #include "inspect/source.h"
+#include "inspect/run_zel.h"
+#include "zel_platform/default_layer.h"
 #include "zel_protocol/zel_protocol.h"
 
 using namespace inspect;
+using test::Folder;
+using test::Ran;
+using test::runZel;
 
 namespace {
 
@@ -155,6 +160,18 @@ TEST(Splitter, MissingBytesCostNoOtherMessage)
     EXPECT_EQ(log.lines[1], line(frame.size(), "! of a frame of " + std::to_string(frame.size() - 8) +
                                                    " bytes there are only 42: bytes are missing"));
     EXPECT_EQ(log.lines[2], line(2 * frame.size() + 13, text("a")));
+}
+
+// What was searched of one text is nothing that was searched of the next.
+TEST(Splitter, TextsThatBreakOffDontHideTheNext)
+{
+    Log log;
+    FrameSplitter splitter(log.receive());
+    const std::string frame = framed(text("a") + std::string(100, '\0'));
+    splitter.take(frame.substr(0, 90) + std::string(100, 'x'));
+    splitter.lose(1);
+    splitter.take(text("b").substr(0, 70) + text("c"));
+    EXPECT_EQ(log.lines.back(), line(261, "bare " + text("c")));
 }
 
 TEST(Splitter, OtherProtocolsAreNoDamage)
@@ -593,6 +610,148 @@ TEST(CaptureReading, Files)
     readBytes(printed, Format::kGuessed, second.receive());
     EXPECT_EQ(second.lines, (Lines{line(0, text("a")), line(frame.size(), text("a"))}));
     EXPECT_EQ(second.times, (std::vector<double>{1700000000.25, 1700000001.25}));
+}
+
+// The program.
+
+std::string message(const char* type, const char* code, const void* record, ZEL_PLATFORM_KEY* key = nullptr)
+{
+    ZEL_PROTOCOL_HEADER header;
+    ZEL_PROTOCOL_HEADER_init(&header);
+    std::strcpy(header.Msg_type, type);
+    std::strcpy(header.Msg_code, code);
+    std::string bytes(4096, '\0');
+    const int size =
+        ZelProtocolXMLCompose(&header, record, ZEL_KIND_REQUEST, key ? 1 : ZEL_CODEC_PLAIN, key, bytes.data(),
+                              static_cast<int>(bytes.size()));
+    EXPECT_GT(size, 0);
+    bytes.resize(static_cast<std::size_t>(std::max(size, 0)));
+    return bytes;
+}
+
+std::string jump(ZEL_PLATFORM_KEY* key = nullptr)
+{
+    NVR_REPLAY_3010_PARAM record;
+    NVR_REPLAY_3010_PARAM_init(&record);
+    record.ChannelId = 2;
+    return message("NVR_REPLAY_MESSAGE", "3010", &record, key);
+}
+
+std::string login()
+{
+    USER_AUTH_CMD_USER_AUTH_PARAM record;
+    USER_AUTH_CMD_USER_AUTH_PARAM_init(&record);
+    std::strcpy(record.Password, "correct horse");
+    return message("USER_AUTH_MESSAGE", "CMD_USER_AUTH", &record);
+}
+
+const std::string kJump =
+    R"("type":"NVR_REPLAY_MESSAGE","code":"3010","kind":"request","record":{"ChannelId":2}})";
+
+std::string sized(std::size_t offset, const std::string& frame)
+{
+    return R"({"offset":)" + std::to_string(offset) + R"(,"size":)" + std::to_string(frame.size() - 8) + ",";
+}
+
+TEST(ReadCommand, MessagesGoOutAndDamageBeside)
+{
+    const Folder folder;
+    const std::string frame = jump();
+    const std::string chunk = [] {
+        MEDIA_DATA_1_PARAM record;
+        MEDIA_DATA_1_PARAM_init(&record);
+        record.DataLen = 5;
+        return message("MEDIA_DATA_MESSAGE", "1", &record) + std::string("\0\0\0\0bytes", 9);
+    }();
+    folder.write("stream", frame + "junk" + chunk);
+    const Ran read = runZel(folder, "read --json stream");
+    EXPECT_EQ(read.status, 1);
+    EXPECT_EQ(read.err, "zel: stream: byte " + std::to_string(frame.size()) +
+                            ": no message starts here; 4 bytes passed over\n");
+    EXPECT_EQ(read.out, sized(0, frame) + kJump + "\n" + sized(frame.size() + 4, chunk) +
+                            R"("type":"MEDIA_DATA_MESSAGE","code":"1","kind":"request","record":{"DataLen":5},)" +
+                            R"("dataLength":5})" + "\n");
+
+    folder.write("good", frame);
+    EXPECT_EQ(runZel(folder, "read good").status, 0);
+    const Ran two = runZel(folder, "read --json good nothing good");
+    EXPECT_EQ(two.status, 2);
+    EXPECT_EQ(two.err, "zel: nothing: No such file or directory\n");
+    EXPECT_EQ(std::count(two.out.begin(), two.out.end(), '\n'), 2);
+    EXPECT_EQ(two.out.substr(0, 15), R"({"file":"good",)");
+    EXPECT_EQ(runZel(folder, "read").status, 2);
+    EXPECT_EQ(runZel(folder, "read --format nonsense good").status, 2);
+
+    folder.write("dump", dump(frame, Style::kXxd));
+    EXPECT_EQ(runZel(folder, "read --json - <dump").out, sized(0, frame) + kJump + "\n");
+}
+
+TEST(ReadCommand, ManyMessagesStayInOrder)
+{
+    const Folder folder;
+    const std::string frame = jump();
+    std::string stream;
+    std::string expected;
+    for (int i = 0; i < 10000; ++i) {
+        expected += sized(stream.size(), frame) + kJump + "\n";
+        stream += frame;
+    }
+    folder.write("stream", stream);
+    EXPECT_EQ(runZel(folder, "read --json stream").out, expected);
+}
+
+TEST(ReadCommand, SecretsAndCiphers)
+{
+    const Folder folder;
+    folder.write("login", login());
+    for (const std::string form : {"--json", ""}) {
+        const Ran hidden = runZel(folder, "read login " + form);
+        EXPECT_EQ(hidden.out.find("horse"), std::string::npos);
+        EXPECT_NE(hidden.out.find("***"), std::string::npos);
+        EXPECT_NE(runZel(folder, "read login --show-secrets " + form).out.find("correct horse"), std::string::npos);
+    }
+
+    ZEL_PLATFORM_KEY key = {{1, 2, 3}};
+    folder.write("key", std::string(reinterpret_cast<const char*>(key.bytes), sizeof key.bytes));
+    folder.write("other", std::string(32, 'x'));
+    folder.write("enciphered", jump(&key));
+    const Ran opened = runZel(folder, "read --json --key-file key enciphered");
+    EXPECT_EQ(opened.status, 0);
+    EXPECT_NE(opened.out.find(R"("enciphered":true,)" + kJump), std::string::npos) << opened.out;
+    const Ran closed = runZel(folder, "read enciphered");
+    EXPECT_EQ(closed.status, 0);
+    EXPECT_NE(closed.out.find("enciphered: no key"), std::string::npos);
+    const Ran wrong = runZel(folder, "read --key-file other enciphered");
+    EXPECT_EQ(wrong.status, 1);
+    EXPECT_NE(wrong.err.find("enciphered: byte 0: "), std::string::npos);
+    EXPECT_EQ(runZel(folder, "read --key-file nothing enciphered").status, 2);
+}
+
+TEST(ReadCommand, Filters)
+{
+    const Folder folder;
+    const Sender sender;
+    {
+        Tins::PacketWriter writer((folder.path / "capture").string(), Tins::DataLinkType<EthernetII>());
+        EthernetII first = EthernetII() / sender.segment(0, jump() + login());
+        EthernetII second = EthernetII() / Tins::IPv6("fe80::7", "fe80::5") / TCP(4000, 8000) / RawPDU(jump());
+        writer.write(first);
+        writer.write(second);
+    }
+    const auto count = [&](const std::string& filter) {
+        const Ran read = runZel(folder, "read --json capture " + filter);
+        EXPECT_EQ(read.status, 0);
+        return std::count(read.out.begin(), read.out.end(), '\n');
+    };
+    EXPECT_EQ(count(""), 3);
+    EXPECT_EQ(count("--type NVR_REPLAY_MESSAGE"), 2);
+    EXPECT_EQ(count("--code 3010 --code CMD_USER_AUTH"), 3);
+    EXPECT_EQ(count("--type NVR_REPLAY_MESSAGE --code CMD_USER_AUTH"), 0);
+    EXPECT_EQ(count("--address 10.0.0.5"), 2);
+    EXPECT_EQ(count("--address 10.0.0.7:4000"), 2);
+    EXPECT_EQ(count("--address 10.0.0.7:8000"), 0);
+    EXPECT_EQ(count("--address fe80::7"), 1);
+    EXPECT_EQ(count("--address 10.0.0"), 0);
 }
 
 } // namespace
