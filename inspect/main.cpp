@@ -11,6 +11,8 @@ namespace {
 void addCommands(CLI::App& zel, inspect::Common& common)
 {
     inspect::addList(zel, common);
+    inspect::addShow(zel, common);
+    inspect::addCompose(zel, common);
 }
 
 int fail(const char* why)
