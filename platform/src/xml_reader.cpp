@@ -5,13 +5,12 @@
  */
 #include "zel_platform/xml.h"
 
-#include <charconv>
 #include <climits>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
+#include "float_text.h"
 #include "xml_text.h"
 #include "xml_tree.h"
 #include "zel_platform/xml_memory.h"
@@ -339,12 +338,7 @@ int getXmlFloatTypeParamAttribute(ZelXMLParser parser, void* node, const char* n
     text = skipSpace(text);
     if (*text == '+' && *++text == '-')
         return -1;
-    float number = 0;
-    const std::from_chars_result result = std::from_chars(text, text + std::strlen(text), number);
-    if (result.ec != std::errc() || !std::isfinite(number))
-        return -1;
-    *value = number;
-    return 0;
+    return readFloat(text, *value) ? 0 : -1;
 }
 
 int getXmlUllTypeParamAttribute(ZelXMLParser parser, void* node, const char* name,
