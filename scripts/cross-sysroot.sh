@@ -4,7 +4,7 @@
 # added to it and nothing is installed. Does nothing when all is there. For arm64 clang's sanitizer and fuzzer runtime
 # comes too, beside clang's own headers.
 #
-#   cross-sysroot.sh i386|arm64
+#   cross-sysroot.sh i386|arm64|armhf|s390x
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -12,8 +12,10 @@ machine=${1:-}
 case "$machine" in
 i386) triplet=i386-linux-gnu ;;
 arm64) triplet=aarch64-linux-gnu ;;
+armhf) triplet=arm-linux-gnueabihf ;;
+s390x) triplet=s390x-linux-gnu ;;
 *)
-    echo "usage: $0 i386|arm64" >&2
+    echo "usage: $0 i386|arm64|armhf|s390x" >&2
     exit 2
     ;;
 esac

@@ -8,7 +8,7 @@
 #   install-dependencies.sh coverage what `make coverage` needs on top
 #   install-dependencies.sh records what `make records` needs on top
 #   install-dependencies.sh fuzz  what `make fuzz` needs on top
-#   install-dependencies.sh cross what the presets m32 and arm64 need on top; a cross compiler takes the place of
+#   install-dependencies.sh cross what the presets m32, arm64, armhf and s390x need on top; a cross compiler takes the place of
 #                                 the package gcc-multilib, which Debian doesn't install beside one
 set -euo pipefail
 
@@ -93,6 +93,8 @@ cross)
     need libc6-i386 'a 32-bit C library' test -e /lib/ld-linux.so.2
     need clang 'clang' has_command clang++
     need g++-aarch64-linux-gnu 'a C++ compiler for 64-bit ARM' has_command aarch64-linux-gnu-g++
+    need g++-arm-linux-gnueabihf 'a C++ compiler for 32-bit ARM' has_command arm-linux-gnueabihf-g++
+    need g++-s390x-linux-gnu 'a C++ compiler for a big-endian machine' has_command s390x-linux-gnu-g++
     need qemu-user-static "qemu's user emulation" has_command qemu-aarch64-static
     need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
     ;;

@@ -143,7 +143,7 @@ bool readInteger(const char* text, Number& value) noexcept
 
 /* The same of a text of that size, which no digit follows. */
 template <class Number>
-bool readInteger(const char* text, std::size_t size, Number& value) noexcept
+bool readInteger(const char* text, [[maybe_unused]] std::size_t size, Number& value) noexcept
 {
 #if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
     /* Most are one to four digits: all at once, the last one highest. */
