@@ -23,6 +23,9 @@ has_narrow_library() { # a 32-bit C++ library for the machine's own compiler
     has_command g++ && printf '#include <cstdio>\nint main() {}' |
         g++ -m32 -idirafter /usr/include/x86_64-linux-gnu -x c++ - -o /dev/null 2>/dev/null
 }
+has_clang_library() {
+    has_command clang++ && printf '#include <string>\nint main() {}' | clang++ -x c++ -stdlib=libc++ - -o /dev/null 2>/dev/null
+}
 has_clang_runtime() {
     has_command clang++ && printf 'int main() {}' | clang++ -x c++ -fsanitize=address - -o /dev/null 2>/dev/null
 }
@@ -55,7 +58,11 @@ case "${1:-}" in
 '') ;;
 ci)
     need g++ 'GCC' has_command g++
+    need g++-11 'the oldest GCC that is supported' has_command g++-11
     need clang 'clang' has_command clang++
+    need libc++-14-dev "clang's C++ library" has_clang_library
+    need libc++abi-14-dev "clang's C++ library" has_clang_library
+    need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
     need libclang-rt-14-dev "clang's sanitizer and fuzzer runtime" has_clang_runtime
     need clang-format-14 'clang-format 14' has_command clang-format-14
     need binutils 'nm and readelf' has_command readelf

@@ -55,7 +55,8 @@ TEST(FloatText, EveryFloatComesBackFromItsDigits)
         for (int i = 0; i < 200; ++i) {
             const std::uint32_t fraction = i == 0 ? 0x7FFFFF : random() & 0x7FFFFF;
             const std::uint32_t sign = random() & 0x80000000;
-            const float value = fromBits(sign | exponent << 23 | (fraction | (exponent == 0)));
+            const auto value =
+                static_cast<double>(fromBits(sign | exponent << 23 | (fraction | (exponent == 0))));
             expectAsTheLibrary(scientific(value));
             expectAsTheLibrary(decimal(value, 160));
         }
