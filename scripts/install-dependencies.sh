@@ -3,9 +3,12 @@
 #
 #   install-dependencies.sh       what `make test` and `make demo` need
 #   install-dependencies.sh ci    what .ci/run needs on top
+#   install-dependencies.sh abi   what `make abi` needs on top
 #   install-dependencies.sh bench what `make bench` needs on top
 #   install-dependencies.sh costs what `make costs` needs on top
 #   install-dependencies.sh coverage what `make coverage` needs on top
+#   install-dependencies.sh footprint what `make footprint` needs on top
+#   install-dependencies.sh package what `make package` needs on top
 #   install-dependencies.sh records what `make records` needs on top
 #   install-dependencies.sh fuzz  what `make fuzz` needs on top
 #   install-dependencies.sh cross what the presets m32, arm64, armhf and s390x need on top; a cross compiler takes the place of
@@ -68,6 +71,11 @@ ci)
     need binutils 'nm and readelf' has_command readelf
     need git 'git' has_command git
     ;;
+abi)
+    need g++ 'GCC' has_command g++
+    need abigail-tools 'libabigail' has_command abidiff
+    need xz-utils 'xz' has_command xz
+    ;;
 bench)
     need libbenchmark-dev 'Google Benchmark' test -e /usr/include/benchmark/benchmark.h
     need libpugixml-dev 'pugixml' has_library pugixml
@@ -83,6 +91,17 @@ costs)
 coverage)
     need g++ 'GCC' has_command g++
     need gcovr 'gcovr' has_command gcovr
+    ;;
+footprint)
+    need g++ 'GCC' has_command g++
+    need valgrind "valgrind's headers" test -e /usr/include/valgrind/callgrind.h
+    need g++-arm-linux-gnueabihf 'a C++ compiler for 32-bit ARM' has_command arm-linux-gnueabihf-g++
+    need qemu-user-static "qemu's user emulation" has_command qemu-arm-static
+    need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
+    ;;
+package)
+    need dpkg-dev "Debian's tools for packages" has_command dpkg-shlibdeps
+    need file 'file' has_command file
     ;;
 records)
     need python3 'Python 3' test -x /usr/bin/python3
@@ -106,7 +125,7 @@ cross)
     need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
     ;;
 *)
-    echo "usage: $0 [ci|bench|costs|coverage|records|fuzz|cross]" >&2
+    echo "usage: $0 [ci|abi|bench|costs|coverage|footprint|package|records|fuzz|cross]" >&2
     exit 2
     ;;
 esac
