@@ -5,7 +5,7 @@
 #                  and the minor version stayed
 #   abi.sh write   takes down what there is now, at a release
 #
-# The dumps in abi/ are libabigail's, named after the release that they were made of. They are compared by their lines:
+# The dumps in abi/ are libabigail's, named after the release that they were made of. They are compared fact by fact:
 # abidiff 2.2 reads them, but doesn't see a record that changed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -25,29 +25,8 @@ CXX=g++ cmake -S . -B $build -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG='-
 cmake --build $build --parallel "${JOBS:-$(nproc)}" >/dev/null
 
 dump() { # dump LIBRARY
-    abidw --no-show-locs --no-comp-dir-path --no-corpus-path --type-id-style hash "$build/$1"
-}
-
-# One line for each exported name, each function's types, each record's size, and each field's place and type. The types
-# are hashes of their names, so a line is the same wherever it stands.
-facts() {
-    sed -nE "s/&(lt|gt|amp|apos|quot);//g; /<(elf-symbol|function-decl|parameter|return|class-decl|enum-decl|enumerator|data-member|var-decl|typedef-decl|array-type-def|subrange|pointer-type-def|qualified-type-def|type-decl) /p" |
-        awk '
-            function value(name) {
-                return match($0, " " name "=\x27[^\x27]*\x27") ? substr($0, RSTART + length(name) + 3, RLENGTH - length(name) - 4) : ""
-            }
-            /<elf-symbol /      { print "exports " value("name") }
-            /<function-decl /   { owner = value("name"); at = 0 }
-            /<parameter /       { print owner " takes " ++at ": " value("type-id") }
-            /<return /          { print owner " returns " value("type-id") }
-            /<class-decl /      { owner = value("name"); print owner " has " value("size-in-bits") " bits" }
-            /<enum-decl /       { owner = value("name") }
-            /<enumerator /      { print owner "::" value("name") " = " value("value") }
-            /<data-member /     { offset = value("layout-offset-in-bits") }
-            /<var-decl /        { print owner "." value("name") " at bit " offset ": " value("type-id") }
-            /<typedef-decl /    { print value("name") " is " value("type-id") }
-            /<array-type-def /  { print value("id") " has " value("size-in-bits") " bits of " value("type-id") }
-            /<type-decl /       { print value("name") " has " value("size-in-bits") " bits" }' | sort -u
+    abidw --exported-interfaces-only --drop-private-types --headers-dir include --headers-dir platform/include \
+        --no-show-locs --no-comp-dir-path --no-corpus-path "$build/$1"
 }
 
 if [ "$mode" = write ]; then
@@ -66,8 +45,8 @@ status=0
 for library in "${libraries[@]}"; do
     name=$(basename "$library" .so)
     released=$(basename abi/"$name"-*.abi.xz .abi.xz)
-    xz -dc "abi/$released.abi.xz" | facts >"$scratch/released"
-    dump "$library" | facts >"$scratch/now"
+    xz -dc "abi/$released.abi.xz" | scripts/abi-facts.py >"$scratch/released"
+    dump "$library" | scripts/abi-facts.py >"$scratch/now"
     released=${released#"$name"-}
     comm -23 "$scratch/released" "$scratch/now" >"$scratch/lost"
     comm -13 "$scratch/released" "$scratch/now" >"$scratch/added"

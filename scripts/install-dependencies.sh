@@ -75,6 +75,7 @@ abi)
     need g++ 'GCC' has_command g++
     need abigail-tools 'libabigail' has_command abidiff
     need xz-utils 'xz' has_command xz
+    need python3 'Python' has_command python3
     ;;
 bench)
     need libbenchmark-dev 'Google Benchmark' test -e /usr/include/benchmark/benchmark.h
