@@ -5,17 +5,20 @@ BUILD := build/release
 MAKEFLAGS += --no-print-directory
 
 .DEFAULT_GOAL := help
-.PHONY: help demo test coverage size bench costs records fuzz corpus fuzz-coverage clean dependencies release build-fuzz
+.PHONY: help demo test package coverage size footprint bench costs records abi fuzz corpus fuzz-coverage clean dependencies release build-fuzz
 
 help:
 	@echo "make demo   build everything, let a camera and a client talk over loopback"
 	@echo "make test   build everything, run the tests"
 	@echo "make coverage  which lines and branches the tests reach; make fuzz-coverage, which the fuzzers do"
+	@echo "make package  Debian packages, into build/package"
 	@echo "make size   how large the libraries are, and what a program takes of them"
 	@echo "make bench  how fast the messages are beside code written by hand; also in build/bench.json"
 	@echo "            and, as a picture, in docs/bench.svg"
+	@echo "make footprint  what the library takes of a device, into docs/footprint.md"
 	@echo "make costs  what every message costs, into docs/costs.md"
 	@echo "make records what the records hold, into src/catalogue/records.inc, after a change of the headers"
+	@echo "make abi    records and functions as programs are linked with them, into abi/, at a release"
 	@echo "make fuzz   build the fuzzers, run each for FUZZ_SECONDS (60)"
 	@echo "make corpus renew what the fuzzers start from, after a change of the messages"
 	@echo "make clean  remove build/"
@@ -26,12 +29,23 @@ demo: release
 test: release
 	cd $(BUILD) && ctest --output-on-failure
 
+package:
+	scripts/install-dependencies.sh package
+	cmake --preset package
+	cmake --build --preset package --parallel $(JOBS)
+	rm -f build/package/*.deb
+	cd build/package && cpack
+
 coverage:
 	scripts/install-dependencies.sh coverage
 	scripts/coverage.sh
 
 size: dependencies
 	scripts/size.sh
+
+footprint:
+	scripts/install-dependencies.sh footprint
+	scripts/footprint.sh write
 
 bench:
 	scripts/install-dependencies.sh bench
@@ -44,6 +58,10 @@ bench:
 costs:
 	scripts/install-dependencies.sh costs
 	scripts/costs.sh write
+
+abi:
+	scripts/install-dependencies.sh abi
+	scripts/abi.sh write
 
 records:
 	scripts/install-dependencies.sh records

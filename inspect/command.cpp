@@ -1,9 +1,14 @@
 #include "inspect/command.h"
 
 #include <algorithm>
+#include <cctype>
+#include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <iostream>
+#include <stdexcept>
 
+#include "inspect/sample.h"
 namespace inspect {
 
 namespace {
@@ -51,6 +56,124 @@ ZEL_PLATFORM_KEY readKey(const std::string& path)
     return key;
 }
 
+// --- Names ---------------------------------------------------------------------------------------
+
+std::string namesOf(const std::vector<int>& messages)
+{
+    std::string names;
+    for (std::size_t i = 0; i < std::min(messages.size(), kMostNamed); ++i)
+        names += "\n  " + nameOf(messages[i]);
+    return messages.size() > kMostNamed ? names + "\n  ..." : names;
+}
+
+// Those that a name is a part of.
+std::vector<int> similarMessages(std::string_view name)
+{
+    std::vector<int> similar;
+    for (int index = 0; index < ZelProtocolCatalogueCount(); ++index) {
+        const std::string full = nameOf(index);
+        const auto found =
+            std::search(full.begin(), full.end(), name.begin(), name.end(),
+                        [](char one, char other) { return std::toupper(one) == std::toupper(other); });
+        if (found != full.end())
+            similar.push_back(index);
+    }
+    return similar;
+}
+
+// --- Messages from arguments ---------------------------------------------------------------------
+
+void setFields(Message& message, const std::vector<std::string>& fields, const JsonOptions& options)
+{
+    for (const std::string& field : fields) {
+        const std::size_t sign = field.find('=');
+        if (sign == std::string::npos)
+            throw JsonError(field + ": has to be field=value");
+        setField(message, field.substr(0, sign), field.substr(sign + 1), options);
+    }
+}
+
+// A record whose length of raw data isn't told gets it.
+void countData(Message& message)
+{
+    if (message.rawData.empty() || !message.record || announcedData(message) == message.rawData.size())
+        return;
+    const Json record = toJson(message, {})["record"];
+    for (const char* const length : {"DataLen", "iRespDataLen"})
+        if (findRecord(message.entry.record)->find(length) && !record.contains(length))
+            setField(message, length, std::to_string(message.rawData.size()), {});
+}
+
+// Texts that stand for themselves, whatever is in them.
+bool isWholeText(const std::string& field)
+{
+    return field == "acTransData" || field == "acText" || field == "acData";
+}
+
+void testTexts(const Json& json, const std::string& path)
+{
+    if (json.is_string()) {
+        const auto& text = json.get_ref<const std::string&>();
+        if (ZelProtocolTextIsWritable(text.c_str(), static_cast<int>(text.size())) == 0)
+            throw JsonError(path + ": a quotation mark, &, <, a control character or ChannelId= spoils the "
+                                   "document; --force writes it");
+    } else if (json.is_array()) {
+        for (std::size_t row = 0; row < json.size(); ++row)
+            testTexts(json[row], path + "[" + std::to_string(row) + "]");
+    } else if (json.is_object()) {
+        for (const auto& [name, value] : json.items())
+            if (!isWholeText(name))
+                testTexts(value, path.empty() ? name : path + "." + name);
+    }
+}
+
+int defaultKind(int index)
+{
+    ZEL_CATALOGUE_ENTRY entry{};
+    ZelProtocolCatalogueEntry(index, &entry);
+    return (entry.kinds & 3) == 2 ? ZEL_KIND_RESPONSE : ZEL_KIND_REQUEST;
+}
+
+Message startOf(const MessageOptions& options, const JsonOptions& jsonOptions, int index)
+{
+    const int kind = options.kind.empty() ? -1 : kindFromName(options.kind);
+    if (options.file.empty()) {
+        const int chosen = kind < 0 ? defaultKind(index) : kind;
+        return options.sample ? sampleMessage(index, chosen) : makeMessage(index, chosen);
+    }
+    Json json = parseJson(readWhole(options.file));
+    if (json.is_object() && kind >= 0)
+        json["kind"] = nameOfKind(kind);
+    else if (json.is_object() && index >= 0 && !json.contains("kind"))
+        json["kind"] = nameOfKind(defaultKind(index));
+    return fromJson(json, jsonOptions, index);
+}
+
+std::string headline(const Message& message)
+{
+    std::string line;
+    if (message.index >= 0)
+        line = nameOf(message.index);
+    else
+        line =
+            quotedText(textOf(message.header.Msg_type)) + "/" + quotedText(textOf(message.header.Msg_code));
+    return line + (message.record ? " " + std::string(nameOfKind(message.kind)) : ", no parameters");
+}
+
+void printValues(std::ostream& out, const Json& json, const std::string& path)
+{
+    if (json.is_object()) {
+        for (const auto& [name, value] : json.items())
+            printValues(out, value, path.empty() ? name : path + "." + name);
+    } else if (json.is_array()) {
+        for (std::size_t row = 0; row < json.size(); ++row)
+            printValues(out, json[row], path + "[" + std::to_string(row) + "]");
+    } else if (!json.is_null()) {
+        out << "  " << path << " = " << (json.is_string() ? quotedText(json.get<std::string>()) : json.dump())
+            << '\n';
+    }
+}
+
 } // namespace
 
 JsonOptions Common::jsonOptions() const
@@ -76,13 +199,18 @@ void addJsonOption(CLI::App& command, Common& common)
     command.add_flag("--json", common.json, "Print one JSON object a line");
 }
 
+void addCharsetOption(CLI::App& command, Common& common)
+{
+    command.add_option("--charset", common.charset, "Of texts: utf-8, gb2312 (with GB18030), else guessed")
+        ->check(CLI::IsMember({"utf-8", "gb2312"}, CLI::ignore_case));
+}
+
 void addOutputOptions(CLI::App& command, Common& common)
 {
     addJsonOption(command, common);
     command.add_flag("--show-secrets", common.showSecrets,
                      "Show passwords, keys and session names instead of ***");
-    command.add_option("--charset", common.charset, "Of texts: utf-8, gb2312 (with GB18030), else guessed")
-        ->check(CLI::IsMember({"utf-8", "gb2312"}, CLI::ignore_case));
+    addCharsetOption(command, common);
 }
 
 void addCipherOptions(CLI::App& command, Common& common)
@@ -97,16 +225,127 @@ void addCipherOptions(CLI::App& command, Common& common)
 int findMessage(const std::string& name)
 {
     const std::vector<int> found = findMessages(name);
-    if (found.empty())
-        throw CLI::ValidationError(name, "is no message that the catalogue knows; see zel list");
     if (found.size() == 1)
         return found.front();
-    std::string names = "may be any of " + std::to_string(found.size()) + " messages:";
-    for (std::size_t i = 0; i < std::min(found.size(), kMostNamed); ++i)
-        names += "\n  " + nameOf(found[i]);
-    if (found.size() > kMostNamed)
-        names += "\n  ...";
-    throw CLI::ValidationError(name, names);
+    if (!found.empty())
+        throw CLI::ValidationError(name, "may be any of " + std::to_string(found.size()) +
+                                             " messages:" + namesOf(found));
+    const std::vector<int> similar = similarMessages(name);
+    throw CLI::ValidationError(
+        name, "is no message that the catalogue knows; " +
+                  (similar.empty() ? "zel list names them all" : "perhaps:" + namesOf(similar)));
+}
+
+void addMessageOptions(CLI::App& command, MessageOptions& options, const std::string& fileOption)
+{
+    command.add_option("message", options.name, "Name of the message, or a part that no other message has")
+        ->type_name("MESSAGE");
+    command
+        .add_option("fields", options.fields,
+                    "Values of fields: ChannelId=2 stRow[1].Name=door header.Msg_flag=0")
+        ->type_name("FIELD=VALUE");
+    command.add_option(fileOption, options.file, "Take the message from JSON, - for the standard input")
+        ->type_name("FILE");
+    command.add_option("--kind", options.kind, "request, response, other-request, other-response or 0 to 3");
+    command.add_option("--data", options.dataFile, "Raw data that follows the text")->type_name("FILE");
+    command.add_flag("--sample", options.sample, "Start with plausible values instead of absent ones");
+    command.add_flag("--force", options.force, "Write texts that spoil the document too");
+}
+
+Message describedMessage(const MessageOptions& options, const JsonOptions& jsonOptions)
+{
+    std::string name = options.name;
+    std::vector<std::string> fields = options.fields;
+    if (!options.file.empty() && name.find('=') != std::string::npos) {
+        fields.insert(fields.begin(), name); // the file tells which message it is
+        name.clear();
+    }
+    if (name.empty() && options.file.empty())
+        throw CLI::RequiredError("MESSAGE");
+    Message message = startOf(options, jsonOptions, name.empty() ? -1 : findMessage(name));
+    setFields(message, fields, jsonOptions);
+    if (!options.dataFile.empty())
+        message.rawData = readWhole(options.dataFile);
+    countData(message);
+    JsonOptions openly = jsonOptions;
+    openly.showSecrets = true;
+    if (!options.force)
+        testTexts(toJson(message, openly), "");
+    return message;
+}
+
+Json entryToJson(int index)
+{
+    ZEL_CATALOGUE_ENTRY entry;
+    ZelProtocolCatalogueEntry(index, &entry);
+    Json object = {{"message", nameOf(index)}, {"type", entry.Msg_type}};
+    if (*entry.Msg_code)
+        object["code"] = entry.Msg_code;
+    if (entry.word)
+        object["word"] = entry.word;
+    if (entry.alarm_code != -1)
+        object["alarm"] = entry.alarm_code;
+    if (entry.operation)
+        object["operation"] = entry.operation;
+    if (entry.record)
+        object["record"] = entry.record;
+    if (entry.extension)
+        object["extension"] = entry.extension;
+    object["kinds"] = Json::array();
+    for (int kind = 0; kind < 4; ++kind)
+        if ((entry.kinds >> kind & 1) != 0)
+            object["kinds"].push_back(kind);
+    object["rawData"] = entry.behind != ZEL_BEHIND_NOTHING;
+    object["frame"] = entry.is_bare == 0;
+    return object;
+}
+
+Bytes readWhole(const std::string& path)
+{
+    constexpr std::size_t kMost = 256u << 20;
+    std::ifstream file;
+    if (path != "-")
+        file.open(path, std::ios::binary);
+    std::istream& in = path == "-" ? std::cin : file;
+    Bytes all;
+    char piece[1 << 16];
+    while (in.read(piece, sizeof piece), in.gcount() > 0 && all.size() <= kMost)
+        all.append(piece, static_cast<std::size_t>(in.gcount()));
+    if (in.bad() || !in.eof())
+        throw std::runtime_error(path + (all.size() > kMost ? " is too large" : " can't be read"));
+    return all;
+}
+
+std::string quotedText(std::string_view text)
+{
+    const std::string escaped = Json(toUtf8(text, Charset::kUtf8)).dump();
+    std::string shown;
+    for (std::size_t i = 0; i < escaped.size(); ++i) {
+        // JSON leaves the control characters above ASCII as they are: two bytes that begin with C2.
+        const bool isControl = escaped[i] == '\xC2' && static_cast<unsigned char>(escaped[i + 1]) < 0xA0;
+        if (isControl || escaped[i] == '\x7F') {
+            char code[8];
+            std::snprintf(code, sizeof code, "\\u%04x",
+                          static_cast<unsigned char>(escaped[isControl ? ++i : i]));
+            shown += code;
+        } else {
+            shown += escaped[i];
+        }
+    }
+    return shown;
+}
+
+void print(std::ostream& out, const Message& message, const JsonOptions& options)
+{
+    out << headline(message) << '\n';
+    JsonOptions brief = options;
+    brief.rawData = false;
+    const Json json = toJson(message, brief);
+    for (const char* const part : {"header", "record", "extension"})
+        if (json.contains(part))
+            printValues(out, json[part], "");
+    if (!message.rawData.empty())
+        out << "  (" << message.rawData.size() << " bytes of raw data)\n";
 }
 
 } // namespace inspect

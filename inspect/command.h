@@ -36,6 +36,8 @@ struct Common
 
 // Adds --json.
 void addJsonOption(CLI::App& command, Common& common);
+// Adds --charset.
+void addCharsetOption(CLI::App& command, Common& common);
 // Adds --json, --show-secrets, --charset.
 void addOutputOptions(CLI::App& command, Common& common);
 // Adds --key-file, --mode.
@@ -43,6 +45,35 @@ void addCipherOptions(CLI::App& command, Common& common);
 
 // The one message that a user names; throws a CLI::ValidationError that lists them where several fit.
 int findMessage(const std::string& name);
+
+// A message as a user describes it: MESSAGE [field=value ...].
+struct MessageOptions
+{
+    std::string name;
+    std::vector<std::string> fields;
+    std::string file; // JSON as toJson gives it
+    std::string kind;
+    std::string dataFile;
+    bool sample = false; // plausible values in place of absent ones
+    bool force = false;  // texts that spoil the document too
+};
+
+// Adds the positional arguments MESSAGE and field=value, --kind, --data, --sample, --force, and an option of
+// the given name for the JSON file.
+void addMessageOptions(CLI::App& command, MessageOptions& options, const std::string& fileOption);
+
+// The message with all that was told of it. Throws a JsonError or another std::exception that says what is
+// wrong.
+Message describedMessage(const MessageOptions& options, const JsonOptions& jsonOptions);
+
+// A message of the catalogue as an object: type, code, word, record, kinds and so on.
+Json entryToJson(int index);
+
+// The whole of a file, "-" for the standard input; throws a std::runtime_error.
+Bytes readWhole(const std::string& path);
+
+// A text from elsewhere, in quotes and with nothing in it that a terminal obeys.
+std::string quotedText(std::string_view text);
 
 // A message for people: a line for what it is, then a line for each field that isn't absent.
 void print(std::ostream& out, const Message& message, const JsonOptions& options);

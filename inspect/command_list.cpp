@@ -9,32 +9,6 @@ namespace inspect {
 
 namespace {
 
-Json describeEntry(int index)
-{
-    ZEL_CATALOGUE_ENTRY entry;
-    ZelProtocolCatalogueEntry(index, &entry);
-    Json object = {{"message", nameOf(index)}, {"type", entry.Msg_type}};
-    if (*entry.Msg_code)
-        object["code"] = entry.Msg_code;
-    if (entry.word)
-        object["word"] = entry.word;
-    if (entry.alarm_code != -1)
-        object["alarm"] = entry.alarm_code;
-    if (entry.operation)
-        object["operation"] = entry.operation;
-    if (entry.record)
-        object["record"] = entry.record;
-    if (entry.extension)
-        object["extension"] = entry.extension;
-    object["kinds"] = Json::array();
-    for (int kind = 0; kind < 4; ++kind)
-        if ((entry.kinds >> kind & 1) != 0)
-            object["kinds"].push_back(kind);
-    object["rawData"] = entry.behind != ZEL_BEHIND_NOTHING;
-    object["frame"] = entry.is_bare == 0;
-    return object;
-}
-
 // "request, response", of the two kinds that everybody uses.
 std::string kindsOf(const ZEL_CATALOGUE_ENTRY& entry)
 {
@@ -78,7 +52,7 @@ void runList(const Common& common, const std::string& filter)
     if (!common.json)
         return printTable(messages);
     for (const int index : messages)
-        std::cout << describeEntry(index).dump() << '\n';
+        std::cout << entryToJson(index).dump() << '\n';
 }
 
 } // namespace

@@ -11,7 +11,9 @@ namespace {
 void addCommands(CLI::App& zel, inspect::Common& common)
 {
     inspect::addList(zel, common);
+    inspect::addShow(zel, common);
     inspect::addRead(zel, common);
+    inspect::addCompose(zel, common);
 }
 
 int fail(const char* why)

@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
 # Checks what the libraries need and show, in a shared build. Of the codec library:
-#   - an undefined symbol belongs to the C or C++ runtime (it has one of their versions) or to the services
-#     of platform/include;
+#   - an undefined symbol belongs to the C library (it has one of its versions) or to the services of
+#     platform/include;
 #   - it exports exactly the functions that the public headers declare;
 #   - it holds no writable data, so nothing is kept between calls.
 # Of the platform library: its writable data are its settings and the count of its log, and nothing else.
+# Neither needs a C++ runtime: they name the C library, libsodium and each other alone.
 #
 #   check-symbols.sh libzelprotocol.so libzelplatform.so
 set -euo pipefail
@@ -62,8 +63,8 @@ if [ -z "$undefined" ] || [ -z "$exported" ]; then
     exit 1
 fi
 
-unversioned=$(sed -E '/@(GLIBC|GLIBCXX|CXXABI|GCC)_[0-9.]+$/d' <<<"$undefined" | c++filt | sort -u)
-expect_none 'needs more than the standard library and the services of the platform interface:' \
+unversioned=$(sed -E '/@(GLIBC|GCC)_[0-9.]+$/d' <<<"$undefined" | c++filt | sort -u)
+expect_none 'needs more than the C library and the services of the platform interface:' \
     "$(comm -23 <(echo "$unversioned") <(printf '%s\n%s\n' "$services" "$start_files" | sort -u))"
 
 declared=$(cat "$root"/include/zel_protocol/*.h | sed -nE 's/^ZEL_API .*[ *]([A-Za-z0-9_]+)\(.*/\1/p' | sort -u)
@@ -77,6 +78,17 @@ writable_data() {
 }
 
 expect_none 'keeps writable data:' "$(writable_data "$library")"
+
+expect_needed() { # expect_needed LIBRARY NAME...
+    local needed
+    needed=$(readelf -d "$1" | sed -nE 's/.*\(NEEDED\).*\[(.*)\.so.*/\1/p' | sort)
+    library=$1
+    expect_none 'names other libraries than it may:' "$(comm -23 <(echo "$needed") <(printf '%s\n' "${@:2}" | sort))"
+}
+
+# The dynamic linker is the C library's own.
+expect_needed "$library" libc ld-linux-x86-64 libzelplatform
+expect_needed "$platform" libc ld-linux-x86-64 libsodium
 
 # The P2p key and the log's two settings, and what the log counts in a second.
 settings='highestLevel

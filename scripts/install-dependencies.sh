@@ -4,12 +4,15 @@
 #   install-dependencies.sh       what `make test` and `make demo` need
 #   install-dependencies.sh library the same without the inspector, for builds with -DZEL_BUILD_INSPECT=OFF
 #   install-dependencies.sh ci    what .ci/run needs on top
+#   install-dependencies.sh abi   what `make abi` needs on top
 #   install-dependencies.sh bench what `make bench` needs on top
 #   install-dependencies.sh costs what `make costs` needs on top
 #   install-dependencies.sh coverage what `make coverage` needs on top
+#   install-dependencies.sh footprint what `make footprint` needs on top
+#   install-dependencies.sh package what `make package` needs on top
 #   install-dependencies.sh records what `make records` needs on top
 #   install-dependencies.sh fuzz  what `make fuzz` needs on top
-#   install-dependencies.sh cross what the presets m32 and arm64 need on top; a cross compiler takes the place of
+#   install-dependencies.sh cross what the presets m32, arm64, armhf and s390x need on top; a cross compiler takes the place of
 #                                 the package gcc-multilib, which Debian doesn't install beside one
 set -euo pipefail
 
@@ -23,6 +26,9 @@ has_compiler() { has_command "${CXX:-c++}"; }
 has_narrow_library() { # a 32-bit C++ library for the machine's own compiler
     has_command g++ && printf '#include <cstdio>\nint main() {}' |
         g++ -m32 -idirafter /usr/include/x86_64-linux-gnu -x c++ - -o /dev/null 2>/dev/null
+}
+has_clang_library() {
+    has_command clang++ && printf '#include <string>\nint main() {}' | clang++ -x c++ -stdlib=libc++ - -o /dev/null 2>/dev/null
 }
 has_clang_runtime() {
     has_command clang++ && printf 'int main() {}' | clang++ -x c++ -fsanitize=address - -o /dev/null 2>/dev/null
@@ -62,11 +68,21 @@ case "${1:-}" in
 '' | library) ;;
 ci)
     need g++ 'GCC' has_command g++
+    need g++-11 'the oldest GCC that is supported' has_command g++-11
     need clang 'clang' has_command clang++
+    need libc++-14-dev "clang's C++ library" has_clang_library
+    need libc++abi-14-dev "clang's C++ library" has_clang_library
+    need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
     need libclang-rt-14-dev "clang's sanitizer and fuzzer runtime" has_clang_runtime
     need clang-format-14 'clang-format 14' has_command clang-format-14
     need binutils 'nm and readelf' has_command readelf
     need git 'git' has_command git
+    ;;
+abi)
+    need g++ 'GCC' has_command g++
+    need abigail-tools 'libabigail' has_command abidiff
+    need xz-utils 'xz' has_command xz
+    need python3 'Python' has_command python3
     ;;
 bench)
     need libbenchmark-dev 'Google Benchmark' test -e /usr/include/benchmark/benchmark.h
@@ -84,6 +100,17 @@ coverage)
     need g++ 'GCC' has_command g++
     need gcovr 'gcovr' has_command gcovr
     ;;
+footprint)
+    need g++ 'GCC' has_command g++
+    need valgrind "valgrind's headers" test -e /usr/include/valgrind/callgrind.h
+    need g++-arm-linux-gnueabihf 'a C++ compiler for 32-bit ARM' has_command arm-linux-gnueabihf-g++
+    need qemu-user-static "qemu's user emulation" has_command qemu-arm-static
+    need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
+    ;;
+package)
+    need dpkg-dev "Debian's tools for packages" has_command dpkg-shlibdeps
+    need file 'file' has_command file
+    ;;
 records)
     need python3 'Python 3' test -x /usr/bin/python3
     need python3-clang-14 "clang's parser for Python" has_clang_parser
@@ -100,11 +127,13 @@ cross)
     need libc6-i386 'a 32-bit C library' test -e /lib/ld-linux.so.2
     need clang 'clang' has_command clang++
     need g++-aarch64-linux-gnu 'a C++ compiler for 64-bit ARM' has_command aarch64-linux-gnu-g++
+    need g++-arm-linux-gnueabihf 'a C++ compiler for 32-bit ARM' has_command arm-linux-gnueabihf-g++
+    need g++-s390x-linux-gnu 'a C++ compiler for a big-endian machine' has_command s390x-linux-gnu-g++
     need qemu-user-static "qemu's user emulation" has_command qemu-aarch64-static
     need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
     ;;
 *)
-    echo "usage: $0 [library|ci|bench|costs|coverage|records|fuzz|cross]" >&2
+    echo "usage: $0 [library|ci|abi|bench|costs|coverage|footprint|package|records|fuzz|cross]" >&2
     exit 2
     ;;
 esac

@@ -50,10 +50,11 @@ Context p2pContext() noexcept
     return {{'z', 'e', 'l', 'P', 0, 0, 0, 0}};
 }
 
-/* The cipher leaves its last block there, on some processors. */
+/* The cipher leaves its last block there, on some processors, below what its calls keep for their own
+ * callers. */
 void wipeStackOfCipher() noexcept
 {
-    sodium_stackzero(1024);
+    sodium_stackzero(2048);
 }
 
 unsigned char* bytesOf(char* text) noexcept

@@ -7,12 +7,12 @@
 
 #include <atomic>
 #include <cerrno>
-#include <chrono>
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
 
+#include <time.h>
 #include <unistd.h>
 
 namespace {
@@ -35,8 +35,9 @@ bool isPrinted(ZEL_PLATFORM_LOG_LEVEL level) noexcept
 
 unsigned currentSecond() noexcept
 {
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<unsigned>(std::chrono::duration_cast<std::chrono::seconds>(now).count());
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<unsigned>(now.tv_sec);
 }
 
 /*

@@ -5,13 +5,12 @@
  */
 #include "zel_platform/xml.h"
 
-#include <charconv>
 #include <climits>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
+#include "float_text.h"
 #include "xml_text.h"
 #include "xml_tree.h"
 #include "zel_platform/xml_memory.h"
@@ -144,7 +143,7 @@ bool readInteger(const char* text, Number& value) noexcept
 
 /* The same of a text of that size, which no digit follows. */
 template <class Number>
-bool readInteger(const char* text, std::size_t size, Number& value) noexcept
+bool readInteger(const char* text, [[maybe_unused]] std::size_t size, Number& value) noexcept
 {
 #if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
     /* Most are one to four digits: all at once, the last one highest. */
@@ -339,12 +338,7 @@ int getXmlFloatTypeParamAttribute(ZelXMLParser parser, void* node, const char* n
     text = skipSpace(text);
     if (*text == '+' && *++text == '-')
         return -1;
-    float number = 0;
-    const std::from_chars_result result = std::from_chars(text, text + std::strlen(text), number);
-    if (result.ec != std::errc() || !std::isfinite(number))
-        return -1;
-    *value = number;
-    return 0;
+    return readFloat(text, *value) ? 0 : -1;
 }
 
 int getXmlUllTypeParamAttribute(ZelXMLParser parser, void* node, const char* name,

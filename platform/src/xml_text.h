@@ -39,7 +39,7 @@ inline bool is(char c, unsigned char what) noexcept
 }
 
 template <class Char>
-Char* skipSpace(Char* at) noexcept
+[[gnu::visibility("hidden")]] Char* skipSpace(Char* at) noexcept
 {
     while (is(*at, kSpace))
         ++at;
@@ -47,7 +47,7 @@ Char* skipSpace(Char* at) noexcept
 }
 
 template <class Word>
-Word load(const char* at) noexcept
+[[gnu::visibility("hidden")]] Word load(const char* at) noexcept
 {
     Word word;
     std::memcpy(&word, at, sizeof word);

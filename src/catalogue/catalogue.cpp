@@ -4,6 +4,17 @@
 #include "zel_platform/memory.h"
 #include "zel_protocol/zel_protocol.h"
 
+#ifdef ZEL_IN_PARTS
+// What belongs to families that are left out isn't there.
+namespace zel {
+extern const Family kAlarmReportFamily [[gnu::weak]];
+extern const Family kSystemConfigFamily [[gnu::weak]];
+} // namespace zel
+#define ZEL_RECORD(NAME) extern "C" [[gnu::weak]] int NAME##_init(NAME* param);
+#define ZEL_ALIAS(NAME, ORIGINAL) ZEL_RECORD(NAME)
+#include "catalogue/records.inc"
+#endif
+
 namespace zel {
 
 namespace {

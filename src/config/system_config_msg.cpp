@@ -58,6 +58,7 @@ constexpr CodeRow kCodes[] = {
     {1020, &kGetSysAbality, nullptr, kGet},
     {1300, &kGetLightConfig, nullptr, kGet},
     {1301, &kSetLightConfig, nullptr, kSet},
+#ifndef ZEL_WITHOUT_ANALYTICS
     {1402, &kGetIntelligentEvent, nullptr, kGet},
     {1403, &kSetIntelligentEvent, nullptr, kSet},
     {1404, &kGetLicensePlateEvent, nullptr, kGet},
@@ -95,6 +96,8 @@ constexpr CodeRow kCodes[] = {
     {1497, &kSetHumanAlarmConfig, Erased<SYSTEM_CONFIG_SET_1497_PARAM_init>::call, kSet},
     {1498, &kGetSmartDetectionConfig, nullptr, kGet},
     {1499, &kSetSmartDetectionConfig, nullptr, kSet},
+#endif
+#ifndef ZEL_WITHOUT_NETWORK
     {2000, &kGetNetconfig, nullptr, kGet},
     {2005, &kGetNetLanconfig, nullptr, kGet},
     {2010, &kGetNetServerconfig, nullptr, kGet},
@@ -114,6 +117,7 @@ constexpr CodeRow kCodes[] = {
     {2531, &kSetPushOfflineConfig, nullptr, kSet},
     {2532, &kGetAllChannelInfo, nullptr, kGet},
     {2535, &kSetCloudConfig, nullptr, kSet},
+#endif
     {2550, &kGetVideoOsdConfig, nullptr, kGet},
     {2555, &kSetVideoOsdConfig, nullptr, kSet},
     {2560, &kGetMediaVideoConfig, nullptr, kGet},
@@ -124,6 +128,7 @@ constexpr CodeRow kCodes[] = {
     {3503, &kSetStrategyConfig, nullptr, kSet},
     {3600, &kGetRecoedConfig, nullptr, kGet},
     {3601, &kSetRecoedConfig, nullptr, kSet},
+#ifndef ZEL_WITHOUT_CHANNELS
     {3801, &kNvrChannelStartSearchipc, nullptr, kGet},
     {3802, nullptr, nullptr, kGet},
     {3803, &kNvrChannelGetChannelList, nullptr, kGet},
@@ -142,6 +147,7 @@ constexpr CodeRow kCodes[] = {
     {3821, &kNvrSetOffAllSmartChanges, nullptr, kSet},
     {3822, &kNvrGetOffAllAlarm, nullptr, kGet},
     {3823, &kNvrSetOffAllAlarm, nullptr, kSet},
+#endif
     {5007, &kGetIpcTimeset, nullptr, kGet},
 };
 static_assert(isAscending(kCodes));

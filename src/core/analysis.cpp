@@ -4,6 +4,7 @@
 
 #include "core/families.h"
 #include "core/header.h"
+#include "core/scan.h"
 #include "core/scratch.h"
 #include "core/search.h"
 #include "zel_platform/codec.h"
@@ -127,7 +128,7 @@ int analyseBytes(const Inbound& inbound)
     const size_t tag = find(received, kClosingTag);
     if (tag == std::string_view::npos)
         return ZEL_ERR_NO_ENVELOPE;
-    const std::string_view text = received.substr(0, tag + kClosingTag.text.size());
+    const std::string_view text = partOf(received, 0, tag + kClosingTag.text.size());
     Message message(text, inbound.size, inbound.sourceLength);
     // A text that parses has no NUL, and most have nothing to repair.
     const bool isGood = parse(message);

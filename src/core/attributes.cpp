@@ -2,6 +2,7 @@
 
 #include "core/element_reader.h"
 #include "core/scan.h"
+#include "core/text_block.h"
 #include "core/text_writer.h"
 
 namespace zel {
@@ -89,28 +90,32 @@ inline char* putNumber(char* at, int32_t value)
     return printNumber(at, value);
 }
 
-// Copies a text up to its terminator, and may write up to the field's size. Returns the end.
-inline char* putText(char* at, const char* text, size_t size)
+// What is left of a text, whatever it is, and the line's end.
+[[gnu::noinline]] void putRest(Side& side, char* at, const char* text, size_t size)
 {
-#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
-    constexpr size_t kShort = 64;
-    constexpr uint64_t kOnes = 0x0101010101010101;
-    const size_t words = (size < kShort ? size : kShort) / 8 * 8;
-    for (size_t done = 0; done < words; done += 8) {
-        uint64_t word;
-        memcpy(&word, text + done, 8);
-        memcpy(at + done, &word, 8);
-        const uint64_t zeros = (word - kOnes) & ~word & kOnes << 7;
-        if (zeros != 0)
-            return at + done + static_cast<size_t>(__builtin_ctzll(zeros) / 8);
+    for (int blocks = 0; blocks < 4 && size >= kBlock; ++blocks) {
+        const size_t moved = moveBlock(at, text);
+        if (moved < kBlock)
+            return putClosing(side, at + moved);
+        at += kBlock;
+        text += kBlock;
+        size -= kBlock;
     }
-    text += words;
-    at += words;
-    size -= words;
-#endif
     const size_t length = strnlen(text, size);
     memcpy(at, text, length);
-    return at + length;
+    putClosing(side, at + length);
+}
+
+// A text up to its terminator and the line's end, where there is room for its whole field: most are short.
+inline void putText(Side& side, char* at, const char* text, size_t size)
+{
+    if (size < kBlock)
+        return putRest(side, at, text, size);
+    const size_t moved = moveBlock(at, text);
+    if (moved < kBlock)
+        putClosing(side, at + moved);
+    else
+        putRest(side, at + kBlock, text + kBlock, size - kBlock);
 }
 
 // --- Whatever doesn't go out in one step ---------------------------------------------------------
@@ -229,7 +234,7 @@ void readWholeText(Side& side, Name name, char* field, size_t size, bool isSkipp
 
 inline void putTextLine(Side& side, Name name, const char* field, size_t size)
 {
-    putClosing(side, putText(putOpening(side.cursor, name), field, size));
+    putText(side, putOpening(side.cursor, name), field, size);
 }
 
 template <class Number>
@@ -457,7 +462,7 @@ void textAttributeBehindBlank(Side& side, Name name, char* field, size_t size)
     if (hasRoom(side, name, size + 1)) {
         char* const at = putName(side.cursor, name);
         memcpy(at, " =\"", 3);
-        putClosing(side, putText(at + 3, field, size));
+        putText(side, at + 3, field, size);
     } else if (isText(side)) {
         writerOf(side).append(name.text, name.length);
         textAttribute(side, " ", field, size);
@@ -472,16 +477,6 @@ void attributeAs(Side& side, Name name, int32_t& field, int32_t written)
 }
 
 // --- Odd places ----------------------------------------------------------------------------------
-
-void appendLine(Side& side, Name name, std::string_view text)
-{
-    if (hasRoom(side, name, text.size())) {
-        char* const at = putOpening(side.cursor, name);
-        putClosing(side, putName(at, {text.data(), text.size()}));
-    } else {
-        appendPieces(writerOf(side), name, text.data(), text.size());
-    }
-}
 
 void appendRaw(Side& side, Name text)
 {

@@ -153,9 +153,6 @@ void attributeAs(Side& side, Name name, int32_t& field, int32_t written);
 
 // --- Odd places ----------------------------------------------------------------------------------
 
-// The line of an attribute whose text isn't a field's.
-void appendLine(Side& side, Name name, std::string_view text);
-
 // A text that only goes out, as it stands.
 void appendRaw(Side& side, Name text);
 

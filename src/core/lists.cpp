@@ -135,7 +135,7 @@ void scanList(std::string_view text, void* items, size_t count)
         if (begin == std::string_view::npos)
             return;
         text.remove_prefix(begin);
-        const std::string_view piece = text.substr(0, text.find(','));
+        const std::string_view piece = partOf(text, 0, text.find(','));
         numbers[i] = numberOf(piece);
         text.remove_prefix(piece.size());
     }

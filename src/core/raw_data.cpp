@@ -1,5 +1,6 @@
 #include "core/raw_data.h"
 
+#include "core/scan.h"
 #include "zel_platform/log.h"
 
 namespace zel {
@@ -41,11 +42,11 @@ int findRawData(const Message& message, const Leaf& leaf, int32_t dataLength, st
     const auto wanted = static_cast<size_t>(dataLength);
     const std::string_view behind = behindText(message);
     const std::string_view source = startsWithEndCode(behind)
-                                        ? behind.substr(kEndCodeSize)
+                                        ? partOf(behind, kEndCodeSize)
                                         : std::string_view(message.text.data(), message.received);
     if (source.size() < wanted)
         return refuse(leaf, wanted, source.size());
-    data = source.substr(0, wanted);
+    data = partOf(source, 0, wanted);
     return 0;
 }
 
@@ -65,7 +66,7 @@ int findFeatureBlock(const Message& message, const Leaf& leaf, uint8_t algorithm
     const size_t received = behind.size() > kEndCodeSize ? behind.size() - kEndCodeSize : 0;
     if (received < wanted)
         return refuse(leaf, wanted, received);
-    block = behind.substr(kEndCodeSize, wanted);
+    block = partOf(behind, kEndCodeSize, wanted);
     return 0;
 }
 

@@ -1,5 +1,5 @@
-// Numbers out of texts, as the standard library's functions read them, but without a locale and with a
-// defined result where a number is too large.
+// Parts of texts, and numbers out of them: as the standard library's functions read them, but without a
+// locale and with a defined result where a number is too large.
 #ifndef ZEL_CORE_SCAN_H
 #define ZEL_CORE_SCAN_H
 
@@ -8,6 +8,15 @@
 #include <string_view>
 
 namespace zel {
+
+// The part of a text that begins there, of `count` bytes or of as many as there are. A string_view's own asks
+// the C++ runtime to throw where the text doesn't reach so far.
+constexpr std::string_view partOf(std::string_view text, size_t begin, size_t count = std::string_view::npos)
+{
+    const size_t start = begin < text.size() ? begin : text.size();
+    const size_t rest = text.size() - start;
+    return {text.data() + start, count < rest ? count : rest};
+}
 
 // As atoi does on a machine with a 64-bit long; 0 without a number.
 int32_t numberOf(std::string_view text);

@@ -13,6 +13,53 @@ void TextWriter::appendPart(const char* text, size_t size)
     lost += size - fits;
 }
 
+namespace {
+
+struct PairTable
+{
+    char of[100][2];
+};
+
+constexpr PairTable makePairTable()
+{
+    PairTable table{};
+    for (int value = 0; value < 100; ++value) {
+        table.of[value][0] = static_cast<char>('0' + value / 10);
+        table.of[value][1] = static_cast<char>('0' + value % 10);
+    }
+    return table;
+}
+
+constexpr PairTable kPairs = makePairTable();
+
+inline char* putPair(char* at, uint32_t value)
+{
+    memcpy(at, kPairs.of[value], 2);
+    return at + 2;
+}
+
+// With all leading zeros.
+inline char* putFourDigits(char* at, uint32_t value)
+{
+    return putPair(putPair(at, value / 100), value % 100);
+}
+
+inline char* putUpToFourDigits(char* at, uint32_t value)
+{
+    if (value >= 1000)
+        return putFourDigits(at, value);
+    if (value >= 100) {
+        *at = static_cast<char>('0' + value / 100);
+        return putPair(at + 1, value % 100);
+    }
+    if (value >= 10)
+        return putPair(at, value);
+    *at = static_cast<char>('0' + value);
+    return at + 1;
+}
+
+} // namespace
+
 char* printNumber(char* at, int32_t value)
 {
     if (value >= 0)
@@ -23,19 +70,26 @@ char* printNumber(char* at, int32_t value)
 
 char* printNumber(char* at, uint32_t value)
 {
-    // Most settings have one digit or two.
-    if (value < 100) {
-        if (value >= 10)
-            *at++ = static_cast<char>('0' + value / 10);
-        *at++ = static_cast<char>('0' + value % 10);
-        return at;
-    }
-    return std::to_chars(at, at + kLongestNumber, value).ptr;
+    constexpr uint32_t kFour = 10000;
+    if (value < kFour)
+        return putUpToFourDigits(at, value);
+    if (value < kFour * kFour)
+        return putFourDigits(putUpToFourDigits(at, value / kFour), value % kFour);
+    at = putUpToFourDigits(at, value / (kFour * kFour));
+    value %= kFour * kFour;
+    return putFourDigits(putFourDigits(at, value / kFour), value % kFour);
 }
 
 char* printNumber(char* at, uint64_t value)
 {
-    return std::to_chars(at, at + kLongestNumber, value).ptr;
+    if (value <= UINT32_MAX)
+        return printNumber(at, static_cast<uint32_t>(value));
+    constexpr uint32_t kNine = 1000000000;
+    const auto last = static_cast<uint32_t>(value % kNine);
+    at = printNumber(at, value / kNine);
+    *at = static_cast<char>('0' + last / 100000000);
+    const uint32_t eight = last % 100000000;
+    return putFourDigits(putFourDigits(at + 1, eight / 10000), eight % 10000);
 }
 
 char* printTwoDigits(char* at, int32_t value)
@@ -77,12 +131,7 @@ char* printFloat(char* at, float value)
         at = printNumber(at, static_cast<uint32_t>(millionths / 1000000));
         *at++ = '.';
         const auto places = static_cast<uint32_t>(millionths % 1000000);
-        const uint32_t pairs[] = {places / 10000, places / 100 % 100, places % 100};
-        for (const uint32_t pair : pairs) {
-            *at++ = static_cast<char>('0' + pair / 10);
-            *at++ = static_cast<char>('0' + pair % 10);
-        }
-        return at;
+        return putPair(putFourDigits(at, places / 100), places % 100);
     }
     // What remains are whole numbers and what is too small to show. Neither asks the locale for its point.
     at += snprintf(at, kLongestFloat, "%.0f", static_cast<double>(value));

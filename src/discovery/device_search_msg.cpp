@@ -96,12 +96,12 @@ void scanCounts(std::string_view value, void* items, size_t count)
 {
     constexpr size_t kLongest = 1023;
     auto* const counts = static_cast<int16_t*>(items);
-    value = value.substr(0, kLongest);
+    value = partOf(value, 0, kLongest);
     for (size_t i = 0; i < count; ++i) {
         const size_t comma = value.find(',');
         if (comma == std::string_view::npos)
             return;
-        counts[i] = static_cast<int16_t>(numberOf(value.substr(0, comma)));
+        counts[i] = static_cast<int16_t>(numberOf(partOf(value, 0, comma)));
         value.remove_prefix(comma + 1);
     }
 }

@@ -168,7 +168,7 @@ void scanTexts(std::string_view value, void* items, size_t count)
     auto* const texts = static_cast<ShortText*>(items);
     for (size_t i = 0; i < count; ++i) {
         value.remove_prefix(std::min(value.find_first_not_of(','), value.size()));
-        const std::string_view piece = value.substr(0, value.find(','));
+        const std::string_view piece = partOf(value, 0, value.find(','));
         if (piece.empty())
             return;
         clear(texts[i]);

@@ -143,9 +143,10 @@ constexpr LetterTable makeLetterTable()
 
 constexpr LetterTable kLetters = makeLetterTable();
 
-bool beginsWith(std::string_view text, const char* word)
+bool beginsWith(const char* text, size_t length, const char* word)
 {
-    return text.compare(0, strlen(word), word) == 0;
+    const size_t size = strlen(word);
+    return size <= length && memcmp(text, word, size) == 0;
 }
 
 } // namespace
@@ -159,7 +160,7 @@ const CodeRow* findPtzCommand(std::string_view text)
         WordSet here = kLetters.first[indexOf(text[at])] & kLetters.second[indexOf(text[at + 1])] & wanted;
         for (; here != 0; here &= here - 1) {
             const CodeRow& candidate = kCommands[__builtin_ctzll(here)];
-            if (beginsWith(text.substr(at), candidate.word)) {
+            if (beginsWith(text.data() + at, text.size() - at, candidate.word)) {
                 found = &candidate;
                 wanted = (here & (0 - here)) - 1;
                 break;

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "core/scan.h"
 #include "ptz/ptz_command.h"
 
@@ -49,7 +51,7 @@ bool takePoint(std::string_view& text, std::string_view& point)
     const size_t close = open == std::string_view::npos ? open : text.find(']', open);
     if (close == std::string_view::npos)
         return false;
-    point = text.substr(open + 1, close - open - 1).substr(0, kLongestPoint);
+    point = partOf(text, open + 1, std::min(close - open - 1, kLongestPoint));
     text.remove_prefix(close + 1);
     return true;
 }

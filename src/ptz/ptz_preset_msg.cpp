@@ -44,7 +44,7 @@ bool takeItem(std::string_view& text, std::string_view& item)
     const size_t length = text.find('^');
     if (length == std::string_view::npos)
         return false;
-    item = text.substr(0, length);
+    item = partOf(text, 0, length);
     text.remove_prefix(length + 1);
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "core/families.h"
 #include "core/raw_data.h"
+#include "core/scan.h"
 #include "core/search.h"
 #include "zel_platform/log.h"
 #include "zel_platform/memory.h"
@@ -32,7 +33,7 @@ int readDebugText(const Message& message, int length, const MessageRow& row, voi
     if (opening == std::string_view::npos || closing == std::string_view::npos || closing < opening)
         return ZEL_ERR_BAD_DOCUMENT;
     const size_t begin = opening + kOpening.text.size();
-    const std::string_view text = message.text.substr(begin, closing - begin);
+    const std::string_view text = partOf(message.text, begin, closing - begin);
     if (length < 1 || static_cast<size_t>(length) < text.size()) {
         ZelProtocolLogError("Error: iBufLen(%d) small than len(%d)\n", length, printedLength(text));
         return ZEL_ERR_BUFFER_SMALL;

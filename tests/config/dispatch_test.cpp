@@ -10,9 +10,10 @@ const std::string kSet = "SYSTEM_CONFIG_SET_MESSAGE";
 template <class Record>
 std::vector<char> bytesOf(int (*init)(Record*))
 {
-    std::vector<char> bytes(sizeof(Record));
-    init(reinterpret_cast<Record*>(bytes.data()));
-    return bytes;
+    const auto record = std::make_unique<Record>();
+    init(record.get());
+    const auto* const bytes = reinterpret_cast<const char*>(record.get());
+    return {bytes, bytes + sizeof(Record)};
 }
 
 struct Row

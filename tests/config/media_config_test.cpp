@@ -91,11 +91,11 @@ Media counted()
     auto* const bytes = reinterpret_cast<uint8_t*>(&media);
     for (uint8_t i = 0; &bytes[i] <= &media.WeekDisplayEn; ++i)
         bytes[i] = static_cast<uint8_t>(i + 1);
-    auto* const numbers = reinterpret_cast<int32_t*>(bytes + offsetof(Media, AEStep));
-    for (int32_t i = 0; i < 11; ++i)
-        numbers[i] = 201 + i;
-    for (int32_t i = 0; i < 18; ++i)
-        numbers[11 + i] = i;
+    uint8_t* place = bytes + offsetof(Media, AEStep);
+    for (int32_t i = 0; i < 29; ++i, place += sizeof i) {
+        const int32_t value = i < 11 ? 201 + i : i - 11;
+        memcpy(place, &value, sizeof value);
+    }
     set(media.IrcutLumaList, "luma");
     set(media.Format, "format");
     set(media.Title, "title");

@@ -71,7 +71,8 @@ TEST(OsdConfig, Overlays)
 TEST(OsdConfig, Encoders)
 {
     auto encoders = fresh(SYSTEM_CONFIG_SET_2565_PARAM_init);
-    encoders.stEncodeChannel[0] = {255, 12, {{13, 14, 15, 16, "size", "format", "control"}, {}}};
+    const SYSTEM_CONFIG_ENCODE_CHANNEL first = {255, 12, {{13, 14, 15, 16, "size", "format", "control"}, {}}};
+    encoders.stEncodeChannel[0] = first;
     encoders.stEncodeChannel[0].stEncodeConfig[1] = encoders.stEncodeChannel[2].stEncodeConfig[0];
     encoders.stEncodeChannel[0].stEncodeConfig[1].Stream = 17;
     const std::string rows =

@@ -123,6 +123,45 @@ TEST(TextSides, WriterAtEverySize)
         EXPECT_EQ(written(fill, capacity), whole.substr(0, capacity)) << capacity;
 }
 
+TEST(TextSides, NumbersAsPrintfPrintsThem)
+{
+    const auto check = [](auto value) {
+        char printed[kLongestNumber];
+        EXPECT_EQ(std::string(printed, static_cast<size_t>(printNumber(printed, value) - printed)),
+                  std::to_string(value));
+    };
+    uint64_t power = 1;
+    for (int digits = 1; digits <= 20; ++digits, power *= 10) {
+        for (const uint64_t value : {power - 1, power, power + 1, 7 * power + 5, 0 - power}) {
+            check(value);
+            check(static_cast<uint32_t>(value));
+            check(static_cast<int32_t>(value));
+        }
+    }
+    check(INT32_MIN);
+    check(UINT32_MAX);
+}
+
+// Up to its terminator or its field's end, whatever stands behind that.
+TEST(TextSides, TextsOfEveryLength)
+{
+    for (const size_t size : std::vector<size_t>{1, 7, 8, 15, 16, 17, 31, 32, 48, 63, 64, 65, 80, 81, 200}) {
+        for (size_t length = 0; length <= size; ++length) {
+            const auto field = std::make_unique<char[]>(size);
+            memset(field.get(), '#', size);
+            memset(field.get(), 'x', length);
+            if (length < size)
+                field[length] = '\0';
+            const std::string expected = "Name=\"" + std::string(length, 'x') + "\"\n";
+            for (const size_t room : {expected.size(), size + 20})
+                EXPECT_EQ(
+                    written([&](TextWriter& out) { textAttribute(out, "Name", field.get(), size); }, room),
+                    expected)
+                    << size << " " << length;
+        }
+    }
+}
+
 // As printf prints them: near powers of two, ties, and any bits that make a number.
 TEST(TextSides, FloatsAsPrintfPrintsThem)
 {

@@ -1,0 +1,42 @@
+/** What a message is made of, by the catalogue and the list of records together. */
+#ifndef ZEL_INSPECT_DESCRIBE_H
+#define ZEL_INSPECT_DESCRIBE_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "inspect/fields.h"
+#include "zel_protocol/catalogue.h"
+
+namespace inspect {
+
+// An element, or one of its attributes.
+struct Described
+{
+    std::string path;       // elements from the body down: "SmartConfig/RegionDetection"; empty: the body
+    bool isElement = false; // else an attribute, or a text
+    std::string attribute;  // empty: the element's text
+    std::size_t rows = 0;   // of an element: how many there may be side by side; 0: one
+    ZEL_DIRECTION direction = ZEL_WRITTEN_AND_READ; // as the rest, of an attribute
+    ZEL_FORM form = ZEL_FORM_NUMBER;
+    bool inExtension = false;
+    bool isSkipped = false; // not written at its absent value
+    FieldPlace place;
+};
+
+std::vector<Described> describe(int index, int kind);
+
+bool operator==(const Described& one, const Described& other);
+
+// "number", "hexadecimal number".
+std::string_view nameOf(ZEL_FORM form);
+
+// As in a header: "char Name[32]", "int32_t Year"; of one by its path, "uint8_t stRow[0].Age".
+std::string declarationOf(const Field& field);
+std::string declarationOf(const Field& field, const std::string& path);
+
+} // namespace inspect
+
+#endif

@@ -1,0 +1,1 @@
+// Nothing but the headers that are read once for all tests.
