@@ -276,8 +276,10 @@ Composed compose(const ZEL_PROTOCOL_HEADER& header, const void* record, int kind
     if (isBare(header)) {
         composed.text = composed.bytes;
         require(composed.text.find('\0') == std::string::npos, "a composed text holds no NUL");
-        for (size_t i = composed.bytes.size(); i < size; ++i)
-            require(buffer[i] == '\0', "the buffer behind a bare text is cleared");
+        const std::string_view behind(buffer.get() + composed.bytes.size(), size - composed.bytes.size());
+        require(behind.empty() ||
+                    (behind.front() == '\0' && behind.substr(1) == behind.substr(0, behind.size() - 1)),
+                "the buffer behind a bare text is cleared");
         return composed;
     }
     require(length < size, "a frame fits its buffer and leaves a byte");
