@@ -49,8 +49,8 @@ footprint:
 
 bench:
 	scripts/install-dependencies.sh bench
-	cmake --preset release -B build/bench -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_EXAMPLES=OFF -DZEL_BUILD_BENCH=ON \
-		-DZEL_BENCH_COSTS=OFF
+	cmake --preset release -B build/bench -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_EXAMPLES=OFF -DZEL_BUILD_INSPECT=OFF \
+		-DZEL_BUILD_BENCH=ON -DZEL_BENCH_COSTS=OFF
 	cmake --build build/bench --parallel $(JOBS)
 	build/bench/bench/zel_bench --json=build/bench.json
 	scripts/bench-chart.sh build/bench.json >docs/bench.svg

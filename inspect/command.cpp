@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "inspect/sample.h"
+
 namespace inspect {
 
 namespace {
@@ -231,6 +232,8 @@ int findMessage(const std::string& name)
         throw CLI::ValidationError(name, "may be any of " + std::to_string(found.size()) +
                                              " messages:" + namesOf(found));
     const std::vector<int> similar = similarMessages(name);
+    if (similar.size() == 1)
+        return similar.front();
     throw CLI::ValidationError(
         name, "is no message that the catalogue knows; " +
                   (similar.empty() ? "zel list names them all" : "perhaps:" + namesOf(similar)));

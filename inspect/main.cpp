@@ -35,6 +35,8 @@ int main(int count, char** arguments)
     zel.require_subcommand(1);
     Common common;
     addCommands(zel, common);
+    if (count > 1 && arguments[1][0] != '-' && !zel.get_subcommand_no_throw(arguments[1]))
+        return fail((std::string(arguments[1]) + " is no command; zel --help lists them").c_str());
     try {
         zel.parse(count, arguments);
     } catch (const CLI::ParseError& error) {

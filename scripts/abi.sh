@@ -21,7 +21,7 @@ libraries=(src/libzelprotocol.so platform/libzelplatform.so)
 version=$(sed -nE 's/^#define ZEL_PROTOCOL_VERSION_(MAJOR|MINOR|PATCH) ([0-9]+)$/\2/p' include/zel_protocol/version.h | paste -sd .)
 
 CXX=g++ cmake -S . -B $build -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG='-O0 -g' -DBUILD_SHARED_LIBS=ON \
-    -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_EXAMPLES=OFF >/dev/null
+    -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_INSPECT=OFF -DZEL_BUILD_EXAMPLES=OFF >/dev/null
 cmake --build $build --parallel "${JOBS:-$(nproc)}" >/dev/null
 
 dump() { # dump LIBRARY

@@ -13,7 +13,7 @@ least_branches=${LEAST_BRANCHES:-90}
 build=build/coverage
 
 cmake --preset release -B "$build" -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=g++ \
-    -DCMAKE_CXX_FLAGS_DEBUG= -DCMAKE_CXX_FLAGS="-O1 -fno-inline -w --coverage" -DZEL_BUILD_EXAMPLES=OFF >/dev/null
+    -DCMAKE_CXX_FLAGS_DEBUG= -DCMAKE_CXX_FLAGS="-O1 -fno-inline -w --coverage" -DZEL_BUILD_EXAMPLES=OFF -DZEL_BUILD_INSPECT=OFF >/dev/null
 cmake --build "$build" --parallel "$jobs" >/dev/null
 find "$build" -name '*.gcda' -delete
 (cd "$build" && ctest --parallel "$jobs" --output-on-failure >tests.log) || {

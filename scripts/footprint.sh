@@ -27,7 +27,8 @@ build() {
     local toolchain=()
     [ "$2" = x86-64 ] || toolchain=("-DCMAKE_TOOLCHAIN_FILE=$PWD/cmake/cross-$2.cmake")
     CC=gcc CXX=g++ cmake -S . -B "build/footprint/$1" "${toolchain[@]}" -DCMAKE_BUILD_TYPE=Release \
-        -DCMAKE_CXX_FLAGS_RELEASE="$3 -DNDEBUG" -DBUILD_SHARED_LIBS=ON -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_EXAMPLES=OFF \
+        -DCMAKE_CXX_FLAGS_RELEASE="$3 -DNDEBUG" -DBUILD_SHARED_LIBS=ON \
+        -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_INSPECT=OFF -DZEL_BUILD_EXAMPLES=OFF \
         "${@:4}" >/dev/null
     cmake --build "build/footprint/$1" --parallel "$jobs" >/dev/null
 }

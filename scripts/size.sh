@@ -17,7 +17,7 @@ trap 'rm -rf "$scratch"' EXIT
 # build NAME FLAGS SHARED: the libraries alone
 build() {
     cmake -S . -B "build/size-$1" -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE="$2 -DNDEBUG" \
-        -DBUILD_SHARED_LIBS="$3" -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_EXAMPLES=OFF >/dev/null
+        -DBUILD_SHARED_LIBS="$3" -DZEL_BUILD_TESTS=OFF -DZEL_BUILD_INSPECT=OFF -DZEL_BUILD_EXAMPLES=OFF >/dev/null
     cmake --build "build/size-$1" --parallel "$jobs" >/dev/null
 }
 
