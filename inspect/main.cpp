@@ -16,6 +16,12 @@ void addCommands(CLI::App& zel, inspect::Common& common)
     inspect::addCompose(zel, common);
 }
 
+bool hasCommand(const CLI::App& zel, const std::string& name)
+{
+    const auto commands = zel.get_subcommands([&](const CLI::App* one) { return one->get_name() == name; });
+    return !commands.empty();
+}
+
 int fail(const char* why)
 {
     std::cout.flush();
@@ -35,7 +41,7 @@ int main(int count, char** arguments)
     zel.require_subcommand(1);
     Common common;
     addCommands(zel, common);
-    if (count > 1 && arguments[1][0] != '-' && !zel.get_subcommand_no_throw(arguments[1]))
+    if (count > 1 && arguments[1][0] != '-' && !hasCommand(zel, arguments[1]))
         return fail((std::string(arguments[1]) + " is no command; zel --help lists them").c_str());
     try {
         zel.parse(count, arguments);
