@@ -471,9 +471,8 @@ void putHeader(const Json& json, ZEL_PROTOCOL_HEADER& header, const Reader& read
 // --- Messages in ---------------------------------------------------------------------------------
 
 // What commands put beside a message's own parts.
-constexpr std::string_view kBeside[] = {"message", "time",   "from",    "to",   "file",
-                                        "offset",  "status", "error",   "bare", "enciphered",
-                                        "damage",  "text",   "findings"};
+constexpr std::string_view kBeside[] = {"message", "time", "from",       "to",     "file",  "offset", "size",
+                                        "note",    "bare", "enciphered", "status", "error", "text"};
 constexpr std::string_view kParts[] = {"type",   "code",   "word",      "alarm", "kind",      "charset",
                                        "header", "record", "extension", "data",  "dataLength"};
 
