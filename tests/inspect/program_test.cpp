@@ -123,7 +123,7 @@ TEST(ZelCompose, MakesTextsFramesAndDumps)
               "00000000 58 91 58 51 eb 00 00 00  3c 3f 78 6d 6c 20 76 65  |X.XQ....<?xml ve|");
 
     // What reading a message prints makes it again.
-    EXPECT_EQ(runZel(folder, "read --json frame >json").status, 0);
+    folder.write("json", runZel(folder, "read --json frame").out);
     EXPECT_EQ(runZel(folder, "compose --json json -o again").status, 0);
     EXPECT_EQ(folder.read("again"), frame);
 
