@@ -1,5 +1,5 @@
-# Debian packages of a shared build: the library by its SONAME, and what developing with it takes. `make package` makes
-# them.
+# Debian packages of a shared build: the library by its SONAME, what developing with it takes, and the inspector.
+# `make package` makes them.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME zelprotocol)
 set(CPACK_PACKAGE_CONTACT "The developers of the message codec")
@@ -8,6 +8,9 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 
 set(CPACK_COMPONENTS_ALL runtime development)
+if(ZEL_BUILD_INSPECT)
+    list(APPEND CPACK_COMPONENTS_ALL tools)
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "libzelprotocol${PROJECT_VERSION_MAJOR}")
@@ -18,4 +21,9 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libzelprotocol-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME zel)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION net)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src" "${PROJECT_BINARY_DIR}/platform")
 include(CPack)
