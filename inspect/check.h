@@ -1,4 +1,7 @@
-/** What an analysis tolerates in silence, found by one more side over the attribute lists. */
+/**
+ * What an analysis tolerates in silence: the description of a message, which is a walk of its attribute
+ * lists, held against a text with its places, and against what the message would be composed to again.
+ */
 #ifndef ZEL_INSPECT_CHECK_H
 #define ZEL_INSPECT_CHECK_H
 
@@ -27,18 +30,19 @@ enum class Finding : std::uint8_t
 
 struct Remark
 {
-    Finding finding;
+    Finding finding = Finding::kUnknownElement;
     std::size_t line = 0;   // in the text, from 1
     std::size_t column = 0; // in bytes, from 1
     std::string path;       // "MESSAGE_BODY/RESPONSE_PARAM@Bitrate"
     std::string detail;     // for people
 };
 
-// The name of a finding in JSON: "unknown-attribute".
+// The name of a finding in JSON, "unknown-attribute".
 std::string_view nameOf(Finding finding);
 
-// What there is to say of a message that was analysed from this text, in the order of the text.
-std::vector<Remark> check(const Message& message, std::string_view text);
+// What there is to say of a message that was analysed, in the order of its text; nothing of one that the
+// catalogue doesn't know. Values of secret fields are hidden.
+std::vector<Remark> check(const Analysed& analysed, bool showSecrets);
 
 } // namespace inspect
 

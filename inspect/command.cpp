@@ -1,12 +1,15 @@
 #include "inspect/command.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
+#include <system_error>
 
 #include "inspect/sample.h"
 
@@ -177,6 +180,18 @@ void printValues(std::ostream& out, const Json& json, const std::string& path)
 
 } // namespace
 
+std::string timeText(double time)
+{
+    const auto seconds = static_cast<std::time_t>(time);
+    std::tm parts{};
+    gmtime_r(&seconds, &parts);
+    std::array<char, 64> text{};
+    const std::size_t size = std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%S", &parts);
+    const double rest = std::min((time - static_cast<double>(seconds)) * 1e6, 999999.0);
+    std::snprintf(text.data() + size, text.size() - size, ".%06ldZ", static_cast<long>(rest));
+    return text.data();
+}
+
 JsonOptions Common::jsonOptions() const
 {
     JsonOptions options;
@@ -200,6 +215,12 @@ void addJsonOption(CLI::App& command, Common& common)
     command.add_flag("--json", common.json, "Print one JSON object a line");
 }
 
+void addSecretsOption(CLI::App& command, Common& common)
+{
+    command.add_flag("--show-secrets", common.showSecrets,
+                     "Show passwords, keys and session names instead of ***");
+}
+
 void addCharsetOption(CLI::App& command, Common& common)
 {
     command.add_option("--charset", common.charset, "Of texts: utf-8, gb2312 (with GB18030), else guessed")
@@ -209,8 +230,7 @@ void addCharsetOption(CLI::App& command, Common& common)
 void addOutputOptions(CLI::App& command, Common& common)
 {
     addJsonOption(command, common);
-    command.add_flag("--show-secrets", common.showSecrets,
-                     "Show passwords, keys and session names instead of ***");
+    addSecretsOption(command, common);
     addCharsetOption(command, common);
 }
 
@@ -221,6 +241,62 @@ void addCipherOptions(CLI::App& command, Common& common)
     command.add_option("--mode", common.mode, "The codec's mode, for both ends the same")
         ->check(CLI::NonNegativeNumber)
         ->capture_default_str();
+}
+
+void addFileOptions(CLI::App& command, FileOptions& options)
+{
+    const std::vector<std::pair<std::string, Format>> formats = {{"frames", Format::kFrames},
+                                                                 {"text", Format::kText},
+                                                                 {"hex", Format::kHex},
+                                                                 {"capture", Format::kCapture}};
+    command
+        .add_option("FILE", options.files, "pcap, pcapng, frames, texts or a hex dump; - is standard input")
+        ->type_name("")
+        ->required();
+    command
+        .add_option("--format", options.format,
+                    "frames, text, hex or capture, where that isn't seen from a file's beginning")
+        ->transform(CLI::CheckedTransformer(formats).description(""))
+        ->type_name("FORMAT");
+}
+
+int readOrTell(const std::string& file, Format format, const Receive& receive, const Progress& progress,
+               std::string& why)
+{
+    try {
+        readFile(file, format, receive, progress);
+        return kFine;
+    } catch (const std::system_error& error) {
+        why = std::string("zel: ") + error.what() + '\n';
+        return kMisused;
+    } catch (const std::runtime_error& error) {
+        why = "zel: " + file + ": " + error.what() + '\n';
+        return kFound;
+    }
+}
+
+std::string placeOf(const std::string& file, const Found& found)
+{
+    std::string place = file;
+    if (!found.from.empty())
+        place.append(": ").append(found.from).append(" > ").append(found.to);
+    if (found.offset != Found::kNoOffset)
+        place.append(": byte ").append(std::to_string(found.offset));
+    return place;
+}
+
+void addPlace(Json& json, const std::string& file, const Found& found)
+{
+    if (!file.empty())
+        json["file"] = toUtf8(file, Charset::kGuessed);
+    if (found.time > 0)
+        json["time"] = timeText(found.time);
+    if (!found.from.empty()) {
+        json["from"] = found.from;
+        json["to"] = found.to;
+    }
+    if (found.offset != Found::kNoOffset)
+        json["offset"] = found.offset;
 }
 
 int findMessage(const std::string& name)
@@ -317,25 +393,6 @@ Bytes readWhole(const std::string& path)
     if (in.bad() || !in.eof())
         throw std::runtime_error(path + (all.size() > kMost ? " is too large" : " can't be read"));
     return all;
-}
-
-std::string quotedText(std::string_view text)
-{
-    const std::string escaped = Json(toUtf8(text, Charset::kUtf8)).dump();
-    std::string shown;
-    for (std::size_t i = 0; i < escaped.size(); ++i) {
-        // JSON leaves the control characters above ASCII as they are: two bytes that begin with C2.
-        const bool isControl = escaped[i] == '\xC2' && static_cast<unsigned char>(escaped[i + 1]) < 0xA0;
-        if (isControl || escaped[i] == '\x7F') {
-            char code[8];
-            std::snprintf(code, sizeof code, "\\u%04x",
-                          static_cast<unsigned char>(escaped[isControl ? ++i : i]));
-            shown += code;
-        } else {
-            shown += escaped[i];
-        }
-    }
-    return shown;
 }
 
 void print(std::ostream& out, const Message& message, const JsonOptions& options)

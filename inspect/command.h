@@ -8,6 +8,7 @@
 
 #include "inspect/json.h"
 #include "inspect/message.h"
+#include "inspect/source.h"
 
 namespace inspect {
 
@@ -36,12 +37,34 @@ struct Common
 
 // Adds --json.
 void addJsonOption(CLI::App& command, Common& common);
+// Adds --show-secrets.
+void addSecretsOption(CLI::App& command, Common& common);
 // Adds --charset.
 void addCharsetOption(CLI::App& command, Common& common);
 // Adds --json, --show-secrets, --charset.
 void addOutputOptions(CLI::App& command, Common& common);
 // Adds --key-file, --mode.
 void addCipherOptions(CLI::App& command, Common& common);
+
+// FILE... and --format.
+struct FileOptions
+{
+    std::vector<std::string> files;
+    Format format = Format::kGuessed;
+};
+
+void addFileOptions(CLI::App& command, FileOptions& options);
+
+// Reads one of them. Gives the exit status, and says why where it can't be read or isn't what it should be.
+int readOrTell(const std::string& file, Format format, const Receive& receive, const Progress& progress,
+               std::string& why);
+
+// "2024-05-06T07:08:09.000000Z".
+std::string timeText(double time);
+
+// Where something was found: "file: 10.0.0.5:8000 > 10.0.0.9:4711: byte 96", and the same in JSON.
+std::string placeOf(const std::string& file, const Found& found);
+void addPlace(Json& json, const std::string& file, const Found& found);
 
 // The one message that a user names; throws a CLI::ValidationError that lists them where several fit.
 int findMessage(const std::string& name);
@@ -71,9 +94,6 @@ Json entryToJson(int index);
 
 // The whole of a file, "-" for the standard input; throws a std::runtime_error.
 Bytes readWhole(const std::string& path);
-
-// A text from elsewhere, in quotes and with nothing in it that a terminal obeys.
-std::string quotedText(std::string_view text);
 
 // A message for people: a line for what it is, then a line for each field that isn't absent.
 void print(std::ostream& out, const Message& message, const JsonOptions& options);

@@ -22,10 +22,8 @@ namespace inspect {
 
 namespace {
 
-struct ReadOptions
+struct ReadOptions : FileOptions
 {
-    std::vector<std::string> files;
-    Format format = Format::kGuessed;
     std::vector<std::string> types;
     std::vector<std::string> codes;
     std::vector<std::string> addresses;
@@ -47,25 +45,13 @@ bool isAt(std::string_view end, std::string_view address)
     return !host.empty() && host == address;
 }
 
-// Whether an analysis may find one of these words in a header: it stands in the text as it is, unless references
-// make it up, or the message is a transparent one, whose type isn't in it.
+// Whether an analysis may find one of these words in a header: it stands in the text as it is, unless
+// references make it up, or the message is a transparent one, whose type isn't in it.
 bool mayHave(const std::vector<std::string>& wanted, std::string_view payload)
 {
     const auto isThere = [&](std::string_view word) { return payload.find(word) != std::string_view::npos; };
     return wanted.empty() || std::any_of(wanted.begin(), wanted.end(), isThere) || isThere("&") ||
            isThere("TRANSPARENT_HEADER");
-}
-
-std::string timeText(double time)
-{
-    const auto seconds = static_cast<std::time_t>(time);
-    std::tm parts{};
-    gmtime_r(&seconds, &parts);
-    std::array<char, 64> text{};
-    const std::size_t size = std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%S", &parts);
-    const double rest = std::min((time - static_cast<double>(seconds)) * 1e6, 999999.0);
-    std::snprintf(text.data() + size, text.size() - size, ".%06ldZ", static_cast<long>(rest));
-    return text.data();
 }
 
 // How far the reading is, where somebody looks on and it takes long.
@@ -244,15 +230,7 @@ private:
     void showJson(const Found& found, const Message& message, const std::string& note)
     {
         Json line = Json::object();
-        if (m_options.files.size() > 1)
-            line["file"] = toUtf8(m_batch.file(), Charset::kGuessed);
-        if (found.time > 0)
-            line["time"] = timeText(found.time);
-        if (!found.from.empty()) {
-            line["from"] = found.from;
-            line["to"] = found.to;
-        }
-        line["offset"] = found.offset;
+        addPlace(line, m_options.files.size() > 1 ? m_batch.file() : "", found);
         line["size"] = found.payload.size();
         if (found.isBare)
             line["bare"] = true;
@@ -268,13 +246,8 @@ private:
     // On standard error, in step with what is on standard output.
     void tell(const Found& found, const std::string& what)
     {
-        std::string line = "zel: " + m_batch.file();
-        if (!found.from.empty())
-            line.append(": ").append(found.from).append(" > ").append(found.to);
-        if (found.offset != Found::kNoOffset)
-            line.append(": byte ").append(std::to_string(found.offset));
         m_output.add(false, std::exchange(m_out, std::ostringstream()).str());
-        m_output.add(true, line + ": " + what + '\n');
+        m_output.add(true, "zel: " + placeOf(m_batch.file(), found) + ": " + what + '\n');
         m_output.result = kFound;
     }
 
@@ -299,21 +272,16 @@ public:
     {
         for (const std::string& file : m_options.files) {
             m_batch = std::make_unique<Batch>(file, kBatchBytes);
+            std::string why;
             Output failure;
-            try {
-                readFile(
-                    file, m_options.format, [this](const Found& found) { take(found); },
-                    [this](std::uint64_t done, std::uint64_t total) {
-                        m_isLive = total == 0;
-                        m_progress.update(done, total);
-                    });
-            } catch (const std::system_error& error) {
-                failure.result = kMisused;
-                failure.add(true, std::string("zel: ") + error.what() + '\n');
-            } catch (const std::runtime_error& error) {
-                failure.result = kFound;
-                failure.add(true, "zel: " + file + ": " + error.what() + '\n');
-            }
+            failure.result = readOrTell(
+                file, m_options.format, [this](const Found& found) { take(found); },
+                [this](std::uint64_t done, std::uint64_t total) {
+                    m_isLive = total == 0;
+                    m_progress.update(done, total);
+                },
+                why);
+            failure.add(true, why);
             submit(0);
             finish(0);
             write(failure);
@@ -395,17 +363,7 @@ void addRead(CLI::App& zel, Common& common)
     const auto options = std::make_shared<ReadOptions>();
     CLI::App& command =
         *zel.add_subcommand("read", "Show the messages of captures, streams, texts and hex dumps");
-    command
-        .add_option("FILE", options->files, "pcap, pcapng, frames, texts or a hex dump; - is standard input")
-        ->required();
-    const std::vector<std::pair<std::string, Format>> formats = {{"frames", Format::kFrames},
-                                                                 {"text", Format::kText},
-                                                                 {"hex", Format::kHex},
-                                                                 {"capture", Format::kCapture}};
-    command
-        .add_option("--format", options->format,
-                    "What the files are, where that isn't seen from their beginning")
-        ->transform(CLI::CheckedTransformer(formats));
+    addFileOptions(command, *options);
     command.add_option("--type", options->types, "Only messages of this Msg_type")->expected(1)->take_all();
     command.add_option("--code", options->codes, "Only messages of this Msg_code")->expected(1)->take_all();
     command.add_option("--address", options->addresses, "Only from or to this ADDRESS or ADDRESS:PORT")

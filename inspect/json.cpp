@@ -4,6 +4,7 @@
 #include <cctype>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
@@ -785,6 +786,25 @@ void setField(Message& message, std::string_view path, std::string_view value, c
     const Target target = follow(*part.record, part.at, path, whole);
     reader.field(jsonFrom(target, value, whole), *target.field, target.at, target.rows, target.columns,
                  whole);
+}
+
+std::string quotedText(std::string_view text)
+{
+    const std::string escaped = Json(toUtf8(text, Charset::kUtf8)).dump();
+    std::string shown;
+    for (std::size_t i = 0; i < escaped.size(); ++i) {
+        // JSON leaves the control characters above ASCII as they are: two bytes that begin with C2.
+        const bool isControl = escaped[i] == '\xC2' && static_cast<unsigned char>(escaped[i + 1]) < 0xA0;
+        if (isControl || escaped[i] == '\x7F') {
+            char code[8];
+            std::snprintf(code, sizeof code, "\\u%04x",
+                          static_cast<unsigned char>(escaped[isControl ? ++i : i]));
+            shown += code;
+        } else {
+            shown += escaped[i];
+        }
+    }
+    return shown;
 }
 
 int kindFromName(std::string_view name)

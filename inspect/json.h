@@ -59,6 +59,9 @@ Json parseJson(std::string_view text);
 // "header." in front tell which is meant; without one it is the first that has the field. Throws a JsonError.
 void setField(Message& message, std::string_view path, std::string_view value, const JsonOptions& options);
 
+// A text from elsewhere, in quotes and with nothing in it that a terminal obeys.
+std::string quotedText(std::string_view text);
+
 // 0 to 3 for "request" and so on, or the number itself; throws a JsonError.
 int kindFromName(std::string_view name);
 std::string_view nameOfKind(int kind);

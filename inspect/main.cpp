@@ -13,6 +13,7 @@ void addCommands(CLI::App& zel, inspect::Common& common)
     inspect::addList(zel, common);
     inspect::addShow(zel, common);
     inspect::addRead(zel, common);
+    inspect::addCheck(zel, common);
     inspect::addCompose(zel, common);
 }
 

@@ -112,8 +112,8 @@ FrameSplitter::Start FrameSplitter::startOf(std::string_view bytes) const
     return start;
 }
 
-// The next place that may be a message's start; the end where there is none. Goes by windows that grow, so that
-// one beginning that is nowhere isn't looked for far beyond another that is near.
+// The next place that may be a message's start; the end where there is none. Goes by windows that grow, so
+// that one beginning that is nowhere isn't looked for far beyond another that is near.
 std::size_t FrameSplitter::findStart(std::string_view bytes, std::size_t from) const
 {
     constexpr std::size_t kWidest = 4096;
