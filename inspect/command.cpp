@@ -153,17 +153,6 @@ Message startOf(const MessageOptions& options, const JsonOptions& jsonOptions, i
     return fromJson(json, jsonOptions, index);
 }
 
-std::string headline(const Message& message)
-{
-    std::string line;
-    if (message.index >= 0)
-        line = nameOf(message.index);
-    else
-        line =
-            quotedText(textOf(message.header.Msg_type)) + "/" + quotedText(textOf(message.header.Msg_code));
-    return line + (message.record ? " " + std::string(nameOfKind(message.kind)) : ", no parameters");
-}
-
 void printValues(std::ostream& out, const Json& json, const std::string& path)
 {
     if (json.is_object()) {
@@ -393,6 +382,17 @@ Bytes readWhole(const std::string& path)
     if (in.bad() || !in.eof())
         throw std::runtime_error(path + (all.size() > kMost ? " is too large" : " can't be read"));
     return all;
+}
+
+std::string headline(const Message& message)
+{
+    std::string line;
+    if (message.index >= 0)
+        line = nameOf(message.index);
+    else
+        line =
+            quotedText(textOf(message.header.Msg_type)) + "/" + quotedText(textOf(message.header.Msg_code));
+    return line + (message.record ? " " + std::string(nameOfKind(message.kind)) : ", no parameters");
 }
 
 void print(std::ostream& out, const Message& message, const JsonOptions& options)

@@ -95,6 +95,9 @@ Json entryToJson(int index);
 // The whole of a file, "-" for the standard input; throws a std::runtime_error.
 Bytes readWhole(const std::string& path);
 
+// Its name and kind.
+std::string headline(const Message& message);
+
 // A message for people: a line for what it is, then a line for each field that isn't absent.
 void print(std::ostream& out, const Message& message, const JsonOptions& options);
 

@@ -15,6 +15,9 @@ void addCommands(CLI::App& zel, inspect::Common& common)
     inspect::addRead(zel, common);
     inspect::addCheck(zel, common);
     inspect::addCompose(zel, common);
+    inspect::addSearch(zel, common);
+    inspect::addCall(zel, common);
+    inspect::addServe(zel, common);
 }
 
 bool hasCommand(const CLI::App& zel, const std::string& name)

@@ -53,6 +53,7 @@ public:
     void end();                        // reports what is left over; what comes then stands for itself
 
     std::size_t held() const; // bytes of memory that wait for the rest of a message
+    bool isWithin() const;    // whether the rest of a message is awaited
     bool hasFound() const;    // a message, whole or not
 
     Found context; // time, from and to of what is found

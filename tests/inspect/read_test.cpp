@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "inspect/capture.h"
-#include "inspect/source.h"
 #include "inspect/run_zel.h"
+#include "inspect/source.h"
 #include "zel_platform/default_layer.h"
 #include "zel_protocol/zel_protocol.h"
 
@@ -621,9 +621,8 @@ std::string message(const char* type, const char* code, const void* record, ZEL_
     std::strcpy(header.Msg_type, type);
     std::strcpy(header.Msg_code, code);
     std::string bytes(4096, '\0');
-    const int size =
-        ZelProtocolXMLCompose(&header, record, ZEL_KIND_REQUEST, key ? 1 : ZEL_CODEC_PLAIN, key, bytes.data(),
-                              static_cast<int>(bytes.size()));
+    const int size = ZelProtocolXMLCompose(&header, record, ZEL_KIND_REQUEST, key ? 1 : ZEL_CODEC_PLAIN, key,
+                                           bytes.data(), static_cast<int>(bytes.size()));
     EXPECT_GT(size, 0);
     bytes.resize(static_cast<std::size_t>(std::max(size, 0)));
     return bytes;
@@ -668,9 +667,10 @@ TEST(ReadCommand, MessagesGoOutAndDamageBeside)
     EXPECT_EQ(read.status, 1);
     EXPECT_EQ(read.err, "zel: stream: byte " + std::to_string(frame.size()) +
                             ": no message starts here; 4 bytes passed over\n");
-    EXPECT_EQ(read.out, sized(0, frame) + kJump + "\n" + sized(frame.size() + 4, chunk) +
-                            R"("type":"MEDIA_DATA_MESSAGE","code":"1","kind":"request","record":{"DataLen":5},)" +
-                            R"("dataLength":5})" + "\n");
+    EXPECT_EQ(read.out,
+              sized(0, frame) + kJump + "\n" + sized(frame.size() + 4, chunk) +
+                  R"("type":"MEDIA_DATA_MESSAGE","code":"1","kind":"request","record":{"DataLen":5},)" +
+                  R"("dataLength":5})" + "\n");
 
     folder.write("good", frame);
     EXPECT_EQ(runZel(folder, "read good").status, 0);
@@ -708,7 +708,8 @@ TEST(ReadCommand, SecretsAndCiphers)
         const Ran hidden = runZel(folder, "read login " + form);
         EXPECT_EQ(hidden.out.find("horse"), std::string::npos);
         EXPECT_NE(hidden.out.find("***"), std::string::npos);
-        EXPECT_NE(runZel(folder, "read login --show-secrets " + form).out.find("correct horse"), std::string::npos);
+        EXPECT_NE(runZel(folder, "read login --show-secrets " + form).out.find("correct horse"),
+                  std::string::npos);
     }
 
     ZEL_PLATFORM_KEY key = {{1, 2, 3}};
@@ -734,7 +735,8 @@ TEST(ReadCommand, Filters)
     {
         Tins::PacketWriter writer((folder.path / "capture").string(), Tins::DataLinkType<EthernetII>());
         EthernetII first = EthernetII() / sender.segment(0, jump() + login());
-        EthernetII second = EthernetII() / Tins::IPv6("fe80::7", "fe80::5") / TCP(4000, 8000) / RawPDU(jump());
+        EthernetII second =
+            EthernetII() / Tins::IPv6("fe80::7", "fe80::5") / TCP(4000, 8000) / RawPDU(jump());
         writer.write(first);
         writer.write(second);
     }

@@ -53,8 +53,8 @@ struct Ran
 // Runs zel in the folder, with arguments as a shell takes them.
 inline Ran runZel(const Folder& folder, const std::string& arguments)
 {
-    const std::string command = "cd '" + folder.path.string() + "' && '" ZEL_PROGRAM "' " + arguments +
-                                " >.out 2>.err";
+    const std::string command =
+        "cd '" + folder.path.string() + "' && '" ZEL_PROGRAM "' " + arguments + " >.out 2>.err";
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.read(".out"), folder.read(".err")};
 }
