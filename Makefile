@@ -5,7 +5,7 @@ BUILD := build/release
 MAKEFLAGS += --no-print-directory
 
 .DEFAULT_GOAL := help
-.PHONY: help demo test package coverage size footprint bench costs records abi fuzz corpus fuzz-coverage clean dependencies release build-fuzz
+.PHONY: help demo test package coverage size footprint bench costs records pages docs abi fuzz corpus fuzz-coverage clean dependencies release build-fuzz
 
 help:
 	@echo "make demo   build everything, let a camera and a client talk over loopback"
@@ -18,6 +18,8 @@ help:
 	@echo "make footprint  what the library takes of a device, into docs/footprint.md"
 	@echo "make costs  what every message costs, into docs/costs.md"
 	@echo "make records what the records hold, into src/catalogue/records.inc, after a change of the headers"
+	@echo "make pages  what each message is made of, into docs/messages, after a change of the messages"
+	@echo "make docs   the C API's pages, into build/docs/html"
 	@echo "make abi    records and functions as programs are linked with them, into abi/, at a release"
 	@echo "make fuzz   build the fuzzers, run each for FUZZ_SECONDS (60)"
 	@echo "make corpus renew what the fuzzers start from, after a change of the messages"
@@ -66,6 +68,17 @@ abi:
 records:
 	scripts/install-dependencies.sh records
 	scripts/record-fields.py write
+
+pages: dependencies
+	cmake --preset release
+	cmake --build $(BUILD) --parallel $(JOBS) --target zel_pages
+	mkdir -p docs/messages
+	$(BUILD)/inspect/zel_pages docs/messages
+
+docs:
+	scripts/install-dependencies.sh docs
+	mkdir -p build/docs
+	doxygen docs/Doxyfile
 
 FUZZ_SECONDS ?= 60
 

@@ -5,49 +5,10 @@
 
 #include "inspect/command.h"
 #include "inspect/describe.h"
-#include "inspect/sample.h"
 
 namespace inspect {
 
 namespace {
-
-// The kinds that a page is about: those that have a body, once for each form of it.
-struct Shown
-{
-    int kind = 0;
-    std::vector<Described> parts;
-    std::vector<int> same; // other kinds of the same form
-};
-
-std::vector<Shown> shownKinds(int index, const ZEL_CATALOGUE_ENTRY& entry)
-{
-    std::vector<Shown> all;
-    for (int kind = 0; kind < 4; ++kind) {
-        const bool isHeadOnly = entry.kinds == 0 && entry.record && kind == 0;
-        if ((entry.kinds >> kind & 1) == 0 && !isHeadOnly)
-            continue;
-        std::vector<Described> parts = describe(index, kind);
-        const auto known =
-            std::find_if(all.begin(), all.end(), [&](const Shown& one) { return one.parts == parts; });
-        if (known == all.end())
-            all.push_back({kind, std::move(parts), {}});
-        else
-            known->same.push_back(kind);
-    }
-    return all;
-}
-
-std::string sampleText(int index, int kind)
-{
-    Cipher plain;
-    const Composed composed = compose(sampleMessage(index, kind), plain);
-    return std::string(textOf(composed));
-}
-
-std::string_view directionName(ZEL_DIRECTION direction)
-{
-    return direction == ZEL_ONLY_WRITTEN ? "only written" : direction == ZEL_ONLY_READ ? "only read" : "";
-}
 
 // --- For programs --------------------------------------------------------------------------------
 
@@ -62,7 +23,7 @@ Json partToJson(const Described& part)
     json["attribute"] = part.attribute;
     json["form"] = nameOf(part.form);
     if (part.direction != ZEL_WRITTEN_AND_READ)
-        json["direction"] = directionName(part.direction);
+        json["direction"] = nameOf(part.direction);
     if (part.place.field) {
         json["field"] = part.place.path;
         json["type"] = declarationOf(*part.place.field, part.place.path);
@@ -74,11 +35,11 @@ Json partToJson(const Described& part)
     return json;
 }
 
-Json pageToJson(int index, const std::vector<Shown>& kinds)
+Json pageToJson(int index, const std::vector<Form>& kinds)
 {
     Json json = entryToJson(index);
     json["forms"] = Json::array();
-    for (const Shown& shown : kinds) {
+    for (const Form& shown : kinds) {
         Json form = {{"kinds", {nameOfKind(shown.kind)}}, {"parts", Json::array()}};
         for (const int same : shown.same)
             form["kinds"].push_back(nameOfKind(same));
@@ -128,7 +89,7 @@ void printAttribute(const Described& part)
         if (field->isSecret)
             note("a secret");
     }
-    note(directionName(part.direction));
+    note(nameOf(part.direction));
     line += notes;
     std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
 }
@@ -138,8 +99,11 @@ void printHead(int index, const ZEL_CATALOGUE_ENTRY& entry)
     std::cout << nameOf(index) << '\n';
     if (entry.operation)
         std::cout << "operation  " << entry.operation << '\n';
-    if (entry.record)
+    if (entry.record) {
         std::cout << "record     " << entry.record << ", " << entry.record_size << " bytes\n";
+        if (const std::string_view note = findRecord(entry.record)->comment; !note.empty())
+            std::cout << "           " << note << '\n';
+    }
     if (entry.extension)
         std::cout << "extension  " << entry.extension << ", " << entry.extension_size << " bytes\n";
     if (entry.behind == ZEL_BEHIND_RAW_DATA)
@@ -151,13 +115,13 @@ void printHead(int index, const ZEL_CATALOGUE_ENTRY& entry)
 }
 
 // Fields that no kind has on the wire tell how the others are meant.
-void printOthers(const char* name, bool isExtension, const std::vector<Shown>& kinds)
+void printOthers(const char* name, bool isExtension, const std::vector<Form>& kinds)
 {
     const Record* const record = name ? findRecord(name) : nullptr;
     if (!record)
         return;
     std::set<std::string> onWire;
-    for (const Shown& shown : kinds)
+    for (const Form& shown : kinds)
         for (const Described& part : shown.parts)
             if (part.inExtension == isExtension)
                 onWire.insert(part.place.path.substr(0, part.place.path.find_first_of(".[")));
@@ -173,10 +137,10 @@ void printOthers(const char* name, bool isExtension, const std::vector<Shown>& k
     }
 }
 
-void printPage(int index, const ZEL_CATALOGUE_ENTRY& entry, const std::vector<Shown>& kinds)
+void printPage(int index, const ZEL_CATALOGUE_ENTRY& entry, const std::vector<Form>& kinds)
 {
     printHead(index, entry);
-    for (const Shown& shown : kinds) {
+    for (const Form& shown : kinds) {
         std::cout << '\n' << (entry.kinds == 0 ? "any kind" : nameOfKind(shown.kind));
         for (const int same : shown.same)
             std::cout << ", " << nameOfKind(same);
@@ -194,7 +158,7 @@ void runShow(const Common& common, const std::string& name)
     const int index = findMessage(name);
     ZEL_CATALOGUE_ENTRY entry;
     ZelProtocolCatalogueEntry(index, &entry);
-    const std::vector<Shown> kinds = shownKinds(index, entry);
+    const std::vector<Form> kinds = formsOf(index);
     if (common.json)
         std::cout << pageToJson(index, kinds).dump() << '\n';
     else

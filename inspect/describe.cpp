@@ -1,6 +1,10 @@
 #include "inspect/describe.h"
 
+#include <algorithm>
 #include <iterator>
+#include <utility>
+
+#include "inspect/sample.h"
 
 namespace inspect {
 
@@ -54,6 +58,33 @@ std::vector<Described> describe(int index, int kind)
     return std::move(context.all);
 }
 
+std::vector<Form> formsOf(int index)
+{
+    ZEL_CATALOGUE_ENTRY entry{};
+    ZelProtocolCatalogueEntry(index, &entry);
+    std::vector<Form> all;
+    for (int kind = 0; kind < 4; ++kind) {
+        const bool isHeadOnly = entry.kinds == 0 && entry.record && kind == 0;
+        if ((entry.kinds >> kind & 1) == 0 && !isHeadOnly)
+            continue;
+        std::vector<Described> parts = describe(index, kind);
+        const auto known =
+            std::find_if(all.begin(), all.end(), [&](const Form& one) { return one.parts == parts; });
+        if (known == all.end())
+            all.push_back({kind, std::move(parts), {}});
+        else
+            known->same.push_back(kind);
+    }
+    return all;
+}
+
+std::string sampleText(int index, int kind)
+{
+    Cipher plain;
+    const Composed composed = compose(sampleMessage(index, kind), plain);
+    return std::string(textOf(composed));
+}
+
 bool operator==(const Described& one, const Described& other)
 {
     return one.path == other.path && one.isElement == other.isElement && one.attribute == other.attribute &&
@@ -103,6 +134,11 @@ std::string_view nameOf(ZEL_FORM form)
         break;
     }
     return "a form of its own";
+}
+
+std::string_view nameOf(ZEL_DIRECTION direction)
+{
+    return direction == ZEL_ONLY_WRITTEN ? "only written" : direction == ZEL_ONLY_READ ? "only read" : "";
 }
 
 std::string declarationOf(const Field& field)

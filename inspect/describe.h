@@ -28,10 +28,26 @@ struct Described
 
 std::vector<Described> describe(int index, int kind);
 
+// What is the same for one kind or more of those that have a body.
+struct Form
+{
+    int kind = 0;
+    std::vector<Described> parts;
+    std::vector<int> same; // other kinds of this form
+};
+
+std::vector<Form> formsOf(int index);
+
+// The text of a message of plausible values.
+std::string sampleText(int index, int kind);
+
 bool operator==(const Described& one, const Described& other);
 
 // "number", "hexadecimal number".
 std::string_view nameOf(ZEL_FORM form);
+
+// "only written", "only read", or nothing.
+std::string_view nameOf(ZEL_DIRECTION direction);
 
 // As in a header: "char Name[32]", "int32_t Year"; of one by its path, "uint8_t stRow[0].Age".
 std::string declarationOf(const Field& field);

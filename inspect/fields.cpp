@@ -22,6 +22,7 @@ enum class Line : std::uint8_t
 {
     kRecord,
     kAlias,
+    kNote,
     kField
 };
 
@@ -30,8 +31,8 @@ struct ListLine
 {
     Line kind;
     const char* name;
-    const char* other; // of a struct field its type, of an alias its original, of another field its comment
-    const char* comment;
+    const char* other;   // of a struct field its type, of an alias its original
+    const char* comment; // of a field, or of a record
     Type type;
     std::size_t offset;
     std::size_t size; // of a record, or of one value
@@ -68,6 +69,7 @@ constexpr ListLine kLines[] = {
 #define ZEL_STRUCT(NAME) {Line::kRecord, #NAME, nullptr, "", Type::kStruct, 0, sizeof(NAME), 0, 0, nullptr},
 #define ZEL_ALIAS(NAME, ORIGINAL) \
     {Line::kAlias, #NAME, #ORIGINAL, "", Type::kStruct, 0, sizeof(NAME), 0, 0, initAny<NAME, NAME##_init>},
+#define ZEL_NOTE(NAME, COMMENT) {Line::kNote, #NAME, nullptr, COMMENT, Type::kStruct, 0, 0, 0, 0, nullptr},
 #define ZEL_FIELD(STRUCT, FIELD, TYPE, DIM1, DIM2, COMMENT) \
     fieldLine(#FIELD, COMMENT, offsetof(STRUCT, FIELD), DIM1, DIM2, AS_##TYPE),
 #include "catalogue/records.inc"
@@ -82,9 +84,11 @@ const Record* findIn(const std::vector<Record>& all, std::string_view name)
 
 Record begin(const ListLine& line, const std::vector<Record>& all)
 {
-    Record record{line.name, line.size, {}, line.init, std::vector<std::uint8_t>(line.size)};
-    if (line.kind == Line::kAlias)
+    Record record{line.name, "", line.size, {}, line.init, std::vector<std::uint8_t>(line.size)};
+    if (line.kind == Line::kAlias) {
+        record.comment = findIn(all, line.other)->comment;
         record.fields = findIn(all, line.other)->fields;
+    }
     if (line.init)
         line.init(record.fresh.data());
     return record;
@@ -96,8 +100,12 @@ std::vector<Record> makeRecords()
     // Fields point at the records of nested structs, so these never move.
     all.reserve(std::size(kLines));
     for (const ListLine& line : kLines) {
-        if (line.kind != Line::kField) {
+        if (line.kind == Line::kRecord || line.kind == Line::kAlias) {
             all.push_back(begin(line, all));
+            continue;
+        }
+        if (line.kind == Line::kNote) {
+            all.back().comment = line.comment;
             continue;
         }
         Record& record = all.back();

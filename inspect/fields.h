@@ -49,6 +49,7 @@ struct Field
 struct Record
 {
     std::string_view name;
+    std::string_view comment; // the header's; empty without one
     std::size_t size = 0;
     std::vector<Field> fields;
     int (*init)(void* record) = nullptr; // null: it starts at zero

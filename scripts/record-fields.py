@@ -43,6 +43,7 @@ HEAD = """\
 //
 //   ZEL_RECORD(NAME)           begins a record: a struct with an exported NAME_init. Left out, it is a ZEL_STRUCT.
 //   ZEL_STRUCT(NAME)           begins a struct without an init: rows, nested blocks, extensions.
+//   ZEL_NOTE(NAME, COMMENT)    what its header says of it, a string literal; where it says something.
 //   ZEL_FIELD(STRUCT, FIELD, TYPE, DIM1, DIM2, COMMENT)
 //                              its next field. TYPE is INT8, UINT8, INT16, UINT16, INT32, UINT32, INT64, UINT64, FLOAT,
 //                              DOUBLE, TEXT, POINTER or STRUCT(NAME): paste it, PREFIX_##TYPE, and define PREFIX_INT32
@@ -56,6 +57,9 @@ HEAD = """\
 #endif
 #ifndef ZEL_RECORD
 #define ZEL_RECORD(NAME) ZEL_STRUCT(NAME)
+#endif
+#ifndef ZEL_NOTE
+#define ZEL_NOTE(NAME, COMMENT)
 #endif
 #ifndef ZEL_FIELD
 #define ZEL_FIELD(STRUCT, FIELD, TYPE, DIM1, DIM2, COMMENT)
@@ -71,6 +75,7 @@ HEAD = """\
 TAIL = """
 #undef ZEL_STRUCT
 #undef ZEL_RECORD
+#undef ZEL_NOTE
 #undef ZEL_FIELD
 #undef ZEL_END
 #undef ZEL_ALIAS
@@ -110,7 +115,11 @@ def comment_of(field, end):
     source = pathlib.Path(field.location.file.name).read_bytes()
     # Clang itself sees none behind a declaration that goes over two lines.
     behind = re.search(rb"/\*\*<.*?\*/|(\s*///<[^\n]*)+", source[field.extent.end.offset : end], re.DOTALL)
-    text = behind.group().decode().strip() if behind else field.raw_comment or ""
+    return plain(behind.group().decode().strip() if behind else field.raw_comment or "")
+
+
+def plain(text):
+    """A doc comment's text as one line."""
     text = re.sub(r"^/\*\*<?|\*/$", "", text)
     text = re.sub(r"^\s*(\*|///<?)(?=\s|$)", "", text, flags=re.MULTILINE)
     return " ".join(text.split())
@@ -173,6 +182,8 @@ def records():
             if not name or not name.isidentifier():
                 fail(f"{place(cursor)}: a struct without a name")
             lines.append(f"\n{'ZEL_RECORD' if name in inits else 'ZEL_STRUCT'}({name})")
+            if cursor.raw_comment:
+                lines.append(f"ZEL_NOTE({name}, {quoted(plain(cursor.raw_comment))})")
             fields = list(cursor.get_children())
             if any(field.kind != CursorKind.FIELD_DECL for field in fields):
                 fail(f"{place(cursor)}: {name} holds something other than fields")
