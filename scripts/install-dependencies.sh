@@ -8,6 +8,7 @@
 #   install-dependencies.sh bench what `make bench` needs on top
 #   install-dependencies.sh costs what `make costs` needs on top
 #   install-dependencies.sh coverage what `make coverage` needs on top
+#   install-dependencies.sh docs  what `make docs` needs on top
 #   install-dependencies.sh footprint what `make footprint` needs on top
 #   install-dependencies.sh package what `make package` needs on top
 #   install-dependencies.sh records what `make records` needs on top
@@ -96,6 +97,9 @@ costs)
     need g++ 'GCC' has_command g++
     need valgrind 'valgrind' has_command valgrind
     ;;
+docs)
+    need doxygen 'Doxygen' has_command doxygen
+    ;;
 coverage)
     need g++ 'GCC' has_command g++
     need gcovr 'gcovr' has_command gcovr
@@ -133,7 +137,7 @@ cross)
     need googletest "GoogleTest's sources" test -e /usr/src/googletest/CMakeLists.txt
     ;;
 *)
-    echo "usage: $0 [library|ci|abi|bench|costs|coverage|footprint|package|records|fuzz|cross]" >&2
+    echo "usage: $0 [library|ci|abi|bench|costs|coverage|docs|footprint|package|records|fuzz|cross]" >&2
     exit 2
     ;;
 esac
