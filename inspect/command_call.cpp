@@ -6,6 +6,7 @@
 #include "inspect/command.h"
 #include "inspect/link.h"
 #include "inspect/talk.h"
+#include "zel_protocol/user_auth.h"
 
 namespace inspect {
 
@@ -48,6 +49,8 @@ public:
                 if (bytes.empty())
                     throw LinkError("the peer closed the connection without an answer");
                 m_splitter.take(bytes);
+                if (m_splitter.isAstray())
+                    throw LinkError("the answer is damaged: no message starts where one should");
             }
             Analysed answer = std::move(m_received.front());
             m_received.pop_front();
@@ -94,7 +97,9 @@ void logIn(Conversation& conversation, const LoginOptions& login, const JsonOpti
     setField(question, "Password", passwordOf(login), openly);
     conversation.send(question);
     const Analysed answer = conversation.answerTo(question, options);
-    if (!answer.message.record)
+    const auto* const welcome =
+        static_cast<const USER_AUTH_CMD_USER_AUTH_PARAM*>(answer.message.record.get());
+    if (!welcome || welcome->Sessionid[0] == '\0')
         throw LinkError("the login was refused" +
                         (answer.message.header.Msg_flag[0] == '\0'
                              ? std::string()

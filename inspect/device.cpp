@@ -113,16 +113,17 @@ Message Device::answerTo(const Message& question, int index)
     return message;
 }
 
-// A setting goes into the records that its query answers with: those of the same name.
+// A setting goes into the records of its kind that queries are answered with.
 void Device::takeOver(const Message& question)
 {
     if (!question.record || !question.entry.record)
         return;
+    const std::string_view original = findRecord(question.entry.record)->original;
     for (int index = 0; index < ZelProtocolCatalogueCount(); ++index) {
         ZEL_CATALOGUE_ENTRY entry{};
         ZelProtocolCatalogueEntry(index, &entry);
-        if (entry.record && std::strcmp(entry.record, question.entry.record) == 0 &&
-            std::strcmp(entry.Msg_type, "SYSTEM_CONFIG_GET_MESSAGE") == 0)
+        if (entry.record && std::string_view(entry.Msg_type) == "SYSTEM_CONFIG_GET_MESSAGE" &&
+            findRecord(entry.record)->original == original)
             kept(index).record = question.record;
     }
 }
@@ -203,6 +204,11 @@ std::optional<Message> Device::foundBy(const Message& question)
     if (code != "1")
         return header(question, kOk);
     const int index = ZelProtocolCatalogueFind("SYSTEM_SEARCHIPC_MESSAGE", "3", nullptr, -1);
+    const auto& own = *static_cast<const SYSTEM_SEARCHIPC_3_PARAM*>(kept(index).record.get());
+    const auto* const search = static_cast<const SYSTEM_SEARCHIPC_1_PARAM*>(question.record.get());
+    const std::string_view wanted = search ? textOf(search->VendorId) : std::string_view();
+    if (!wanted.empty() && own.VendorId[0] != '\0' && wanted != textOf(own.VendorId))
+        return std::nullopt;
     Message message = answerTo(question, index);
     setText(message.header.Msg_code, "3");
     message.record = copyOf(message);

@@ -84,8 +84,9 @@ const Record* findIn(const std::vector<Record>& all, std::string_view name)
 
 Record begin(const ListLine& line, const std::vector<Record>& all)
 {
-    Record record{line.name, "", line.size, {}, line.init, std::vector<std::uint8_t>(line.size)};
+    Record record{line.name, line.name, "", line.size, {}, line.init, std::vector<std::uint8_t>(line.size)};
     if (line.kind == Line::kAlias) {
+        record.original = line.other;
         record.comment = findIn(all, line.other)->comment;
         record.fields = findIn(all, line.other)->fields;
     }

@@ -49,7 +49,8 @@ struct Field
 struct Record
 {
     std::string_view name;
-    std::string_view comment; // the header's; empty without one
+    std::string_view original; // the struct that it is another name of; mostly its own name
+    std::string_view comment;  // the header's; empty without one
     std::size_t size = 0;
     std::vector<Field> fields;
     int (*init)(void* record) = nullptr; // null: it starts at zero

@@ -698,7 +698,8 @@ Json toJson(const Message& message, const JsonOptions& options)
     }
     if (charset == Charset::kGb2312)
         json["charset"] = "gb2312";
-    Json header = writer.record(headerRecord(), bytesOf(message.header), freshBytes(headerRecord()));
+    Json header =
+        orObject(writer.record(headerRecord(), bytesOf(message.header), freshBytes(headerRecord())));
     header.erase("Msg_type");
     header.erase("Msg_code");
     if (!header.empty())

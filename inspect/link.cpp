@@ -211,7 +211,7 @@ std::string receive(const Socket& socket, Clock::time_point deadline)
 {
     char bytes[1 << 16];
     for (;;) {
-        if (!waitFor(socket, POLLIN, deadline))
+        if (Clock::now() >= deadline || !waitFor(socket, POLLIN, deadline))
             throw LinkError("no answer in time");
         const ssize_t count = ::recv(socket.fd(), bytes, sizeof bytes, 0);
         if (count >= 0)

@@ -110,6 +110,8 @@ void Server::receiveFrom(Connection& client)
     client.splitter->take(std::string_view(bytes, static_cast<std::size_t>(count)));
     if (!wasWaiting)
         client.wholeBy = Clock::now() + kMessageLimit;
+    if (client.splitter->isAstray() && !client.isClosed)
+        close(client, "no message starts where one should");
     if (!client.isClosed)
         send(client);
 }
@@ -123,7 +125,7 @@ void Server::take(Connection& client, const Found& found)
     client.wholeBy = Clock::now() + kMessageLimit;
     Cipher plain;
     const Analysed question = analyse(found.payload, found.isEnciphered ? m_cipher : plain);
-    m_tell({client.peer, false, &question.message,
+    m_tell({client.peer, false, question.message.header.Msg_type[0] == '\0' ? nullptr : &question.message,
             question.status < 0 && !question.isHeaderAlone() ? ZelProtocolStatusText(question.status) : ""});
     const bool isBare = found.isBare || question.message.entry.is_bare != 0;
     if (isBare || question.status == ZEL_ERR_CODEC)

@@ -54,6 +54,7 @@ public:
 
     std::size_t held() const; // bytes of memory that wait for the rest of a message
     bool isWithin() const;    // whether the rest of a message is awaited
+    bool isAstray() const;    // whether no message starts where the last one ended
     bool hasFound() const;    // a message, whole or not
 
     Found context; // time, from and to of what is found

@@ -337,6 +337,11 @@ std::size_t FrameSplitter::held() const
     return m_rest.capacity();
 }
 
+bool FrameSplitter::isAstray() const
+{
+    return m_isInGap;
+}
+
 bool FrameSplitter::isWithin() const
 {
     return m_rest.size() > m_done;
