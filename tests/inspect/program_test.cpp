@@ -43,7 +43,8 @@ TEST(Zel, NamesItsVersionCommandsAndMistakes)
     const Folder folder;
     EXPECT_EQ(runZel(folder, "--version").out, std::string("zel ") + ZelProtocolVersion() + "\n");
     const std::string help = runZel(folder, "--help").out;
-    for (const char* const command : {"list", "show", "read", "compose"}) {
+    for (const char* const command :
+         {"list", "show", "read", "check", "compose", "search", "call", "serve"}) {
         EXPECT_NE(help.find("\n  " + std::string(command) + " "), std::string::npos) << command;
         EXPECT_EQ(runZel(folder, command + std::string(" --help")).status, 0) << command;
         EXPECT_EQ(runZel(folder, command + std::string(" --nonsense")).status, 2) << command;
@@ -77,6 +78,7 @@ TEST(ZelShow, PrintsElementsFieldsAndASampleOfEachKind)
     EXPECT_EQ(page.substr(0, page.find("<?xml")), R"(NVR_REPLAY_MESSAGE/3010
 operation  NvrReplay_PlayJump_MessageAnalysis
 record     NVR_REPLAY_3010_PARAM, 36 bytes
+           3010: jump to a time. The response carries ChannelId alone.
 
 request, other-request
   <REQUEST_PARAM>

@@ -293,7 +293,41 @@ TEST(ZelCall, SaysHowItWasUsedWrongly)
 
 #ifdef ZEL_DEMO_FOLDER
 
-// The demo's camera prints its ports: "camera: port 40001, searches at port 40002" or the like.
+// As far as a device comes that takes every setting.
+TEST(ZelServe, StandsInForTheDemosCamera)
+{
+    const Folder folder;
+    folder.write(
+        "found.json",
+        R"({"type":"SYSTEM_SEARCHIPC_MESSAGE","code":"3","record":{"VendorId":"DemoWorks",)"
+        R"("stDevice":{"SerialNumber":"SN-1","DeviceModule":"M1","FileSystemVersion":"F1","Feature":5}}})");
+    folder.write("login.json", R"({"type":"USER_AUTH_MESSAGE","code":"","kind":"response",)"
+                               R"("record":{"MAXChannels":1,"Group":"Administrators"}})");
+    folder.write("heartbeat.json", R"({"type":"ZEL_HEARTBEAT_MESSAGE","code":"CMD_HEARTBEAT",)"
+                                   R"("record":{"Ipcs_stat":"ready","streamstat":"0","IpcAbility1":"0,0"}})");
+    folder.write("version.json", R"({"type":"SYSTEM_CONTROL_MESSAGE","code":"1012",)"
+                                 R"("record":{"FileSystemVersion":"F1","DeviceIdentify":"M1"}})");
+    folder.write("serial.json",
+                 R"({"type":"SYSTEM_CONTROL_MESSAGE","code":"1019","record":{"SerialNumber":"SN-1"}})");
+    folder.write("type.json", R"({"type":"SYSTEM_CONTROL_MESSAGE","code":"1030","record":{"Feature":5}})");
+    folder.write("password", "correct horse\n");
+    const std::string at = folder.path.string();
+    Serving serving("--user admin --password-file '" + at + "/password' --records '" + at + "'");
+    Running client("timeout 10 '" ZEL_DEMO_FOLDER "/client' " + afterLast(serving.at, ':'));
+    std::string steps;
+    for (std::string line = client.line(); !line.empty(); line = client.line())
+        if (const std::size_t step = line.find("ok: "); step != std::string::npos)
+            steps += line.substr(step);
+    EXPECT_EQ(steps.substr(0, steps.find("ok: its abilities")),
+              "ok: the camera is found by a search\n"
+              "ok: the camera takes the connection\n"
+              "ok: a heartbeat before the login is refused\n"
+              "ok: a wrong password is refused\n"
+              "ok: the right password logs in\n"
+              "ok: a heartbeat is answered\n"
+              "ok: the camera is the one that was found\n");
+}
+
 TEST(ZelCall, TalksToTheDemosCamera)
 {
     const Folder folder;
