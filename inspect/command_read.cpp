@@ -54,21 +54,24 @@ bool mayHave(const std::vector<std::string>& wanted, std::string_view payload)
            isThere("TRANSPARENT_HEADER");
 }
 
-// How far the reading is, where somebody looks on and it takes long.
+// How far the reading is, where it takes long: a line that renews itself on a terminal, one now and then
+// elsewhere.
 class ProgressLine
 {
 public:
     void update(std::uint64_t done, std::uint64_t total)
     {
         const auto now = std::chrono::steady_clock::now();
-        if (!m_isWanted || now < m_next)
+        // What comes through a pipe may come for ever.
+        if (now < m_next || (total == 0 && !m_isTerminal))
             return;
-        m_next = now + std::chrono::milliseconds(250);
-        m_isThere = true;
-        std::fprintf(stderr, "\r%llu", static_cast<unsigned long long>(done >> 20));
+        m_next = now + (m_isTerminal ? std::chrono::milliseconds(250) : std::chrono::seconds(2));
+        std::fprintf(stderr, m_isTerminal ? "\r%llu" : "zel: %llu",
+                     static_cast<unsigned long long>(done >> 20));
         if (total > 0)
             std::fprintf(stderr, " of %llu", static_cast<unsigned long long>(total >> 20));
-        std::fputs(" MB\x1b[K", stderr);
+        std::fputs(m_isTerminal ? " MB\x1b[K" : " MB\n", stderr);
+        m_isThere = m_isTerminal;
     }
 
     void clear()
@@ -78,7 +81,7 @@ public:
     }
 
 private:
-    bool m_isWanted = isatty(STDERR_FILENO) != 0;
+    bool m_isTerminal = isatty(STDERR_FILENO) != 0;
     bool m_isThere = false;
     std::chrono::steady_clock::time_point m_next = std::chrono::steady_clock::now() + std::chrono::seconds(1);
 };
