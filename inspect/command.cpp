@@ -294,24 +294,23 @@ int findMessage(const std::string& name)
     if (found.size() == 1)
         return found.front();
     if (!found.empty())
-        throw CLI::ValidationError(name, "may be any of " + std::to_string(found.size()) +
-                                             " messages:" + namesOf(found));
+        throw CLI::ValidationError(name + " may be any of " + std::to_string(found.size()) +
+                                   " messages:" + namesOf(found));
     const std::vector<int> similar = similarMessages(name);
     if (similar.size() == 1)
         return similar.front();
-    throw CLI::ValidationError(
-        name, "is no message that the catalogue knows; " +
-                  (similar.empty() ? "zel list names them all" : "perhaps:" + namesOf(similar)));
+    throw CLI::ValidationError(name + " is no message that the catalogue knows; " +
+                               (similar.empty() ? "zel list names them all" : "perhaps:" + namesOf(similar)));
 }
 
 void addMessageOptions(CLI::App& command, MessageOptions& options, const std::string& fileOption)
 {
-    command.add_option("message", options.name, "Name of the message, or a part that no other message has")
-        ->type_name("MESSAGE");
+    command.add_option("MESSAGE", options.name, "Its name, or a part that no other message has")
+        ->type_name("");
     command
-        .add_option("fields", options.fields,
+        .add_option("FIELD", options.fields,
                     "Values of fields: ChannelId=2 stRow[1].Name=door header.Msg_flag=0")
-        ->type_name("FIELD=VALUE");
+        ->type_name("");
     command.add_option(fileOption, options.file, "Take the message from JSON, - for the standard input")
         ->type_name("FILE");
     command.add_option("--kind", options.kind, "request, response, other-request, other-response or 0 to 3");

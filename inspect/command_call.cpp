@@ -2,6 +2,7 @@
 #include <deque>
 #include <iostream>
 #include <memory>
+#include <stdexcept>
 
 #include "inspect/command.h"
 #include "inspect/link.h"
@@ -142,6 +143,8 @@ Message questionOf(const MessageOptions& options, const JsonOptions& jsonOptions
 void runCall(Common& common, const CallOptions& options)
 {
     const HostPort peer = splitHostPort(options.peer);
+    if (peer.host.empty())
+        throw std::invalid_argument(options.peer + ": a device is HOST:PORT");
     const Message question = questionOf(options.message, common.jsonOptions());
     Cipher cipher;
     if (options.encipher || !common.keyFile.empty())
@@ -164,7 +167,7 @@ void addCall(CLI::App& zel, Common& common)
 {
     CLI::App& command = *zel.add_subcommand("call", "Send a message to a device and print its answer");
     const auto options = std::make_shared<CallOptions>();
-    command.add_option("peer", options->peer, "Where the device is")->type_name("HOST:PORT")->required();
+    command.add_option("DEVICE", options->peer, "Where it is, HOST:PORT")->type_name("")->required();
     addMessageOptions(command, options->message, "--body");
     addLoginOptions(command, options->login);
     addWaitOption(command, options->wait);

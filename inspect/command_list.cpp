@@ -37,7 +37,7 @@ std::vector<int> chosen(const std::string& filter)
     if (!filter.empty()) {
         const std::vector<int> found = findMessages(filter);
         if (found.empty())
-            throw CLI::ValidationError(filter, "is no message that the catalogue knows");
+            throw CLI::ValidationError(filter + " is no message that the catalogue knows");
         return found;
     }
     std::vector<int> all(static_cast<std::size_t>(ZelProtocolCatalogueCount()));
@@ -62,9 +62,9 @@ void addList(CLI::App& zel, Common& common)
     CLI::App* const command = zel.add_subcommand("list", "List the messages of the catalogue");
     const auto filter = std::make_shared<std::string>();
     command
-        ->add_option("message", *filter,
+        ->add_option("NAME", *filter,
                      "Only those of this name: a type, a code, a word, an operation or a record")
-        ->type_name("NAME");
+        ->type_name("");
     addJsonOption(*command, common);
     command->callback([&common, filter] { runList(common, *filter); });
 }

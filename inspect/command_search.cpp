@@ -55,9 +55,9 @@ void addSearch(CLI::App& zel, Common& common)
     CLI::App& command = *zel.add_subcommand("search", "Find devices: print what answers a search by UDP");
     const auto options = std::make_shared<SearchOptions>();
     command
-        .add_option("peer", options->peer,
-                    "Where to search: a port for everybody in the network, or one device")
-        ->type_name("[HOST:]PORT")
+        .add_option("PORT", options->peer,
+                    "Where devices listen: everybody's in the network, or HOST:PORT of one")
+        ->type_name("")
         ->required();
     command.add_option("--vendor", options->vendor, "Only devices of this VendorId")->type_name("NAME");
     addWaitOption(command, options->wait);

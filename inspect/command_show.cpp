@@ -172,8 +172,8 @@ void addShow(CLI::App& zel, Common& common)
     CLI::App* const command = zel.add_subcommand(
         "show", "Show a message: elements, attributes, forms, fields and a sample of each kind");
     const auto name = std::make_shared<std::string>();
-    command->add_option("message", *name, "Its name, or a part that no other message has")
-        ->type_name("MESSAGE")
+    command->add_option("MESSAGE", *name, "Its name, or a part that no other message has")
+        ->type_name("")
         ->required();
     addJsonOption(*command, common);
     command->callback([&common, name] { runShow(common, *name); });

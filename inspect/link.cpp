@@ -120,7 +120,7 @@ HostPort splitHostPort(const std::string& text)
     const bool isNumber = !parts.port.empty() && parts.port.size() <= 5 &&
                           parts.port.find_first_not_of("0123456789") == std::string::npos;
     if (!isNumber || std::stoi(parts.port) > 65535)
-        throw std::invalid_argument(text + ": has to be HOST:PORT, with a port of 0 to 65535");
+        throw std::invalid_argument(text + ": a port is a number from 0 to 65535");
     return parts;
 }
 

@@ -43,6 +43,9 @@ int main(int count, char** arguments)
     CLI::App zel("See, check, make and answer messages of the surveillance device control protocol.", "zel");
     zel.set_version_flag("--version", std::string("zel ") + ZelProtocolVersion());
     zel.require_subcommand(1);
+    zel.failure_message([](const CLI::App*, const CLI::Error& error) {
+        return std::string("zel: ") + error.what() + "\nzel COMMAND --help tells how it is used.\n";
+    });
     Common common;
     addCommands(zel, common);
     if (count > 1 && arguments[1][0] != '-' && !hasCommand(zel, arguments[1]))

@@ -53,6 +53,9 @@ TEST(Zel, NamesItsVersionCommandsAndMistakes)
     const Ran unknown = runZel(folder, "lsit");
     EXPECT_EQ(unknown.status, 2);
     EXPECT_EQ(unknown.err, "zel: lsit is no command; zel --help lists them\n");
+    EXPECT_EQ(firstLineOf(runZel(folder, "show").err), "zel: MESSAGE is required");
+    EXPECT_EQ(firstLineOf(runZel(folder, "show nothing").err),
+              "zel: nothing is no message that the catalogue knows; zel list names them all");
 }
 
 TEST(ZelList, NamesAllMessagesOrThoseThatFit)

@@ -285,7 +285,7 @@ TEST(ZelCall, SaysHowItWasUsedWrongly)
 {
     const Folder folder;
     for (const char* const arguments :
-         {"", "127.0.0.1", "127.0.0.1:99999 1012", "::1:80 1012", "127.0.0.1:80 nothing",
+         {"", "127.0.0.1", "9000 1012", "127.0.0.1:99999 1012", "::1:80 1012", "127.0.0.1:80 nothing",
           "127.0.0.1:80 --user admin SYSTEM_CONTROL_MESSAGE/1012 --wait soon"})
         EXPECT_EQ(runZel(folder, std::string("call ") + arguments).status, 2) << arguments;
     EXPECT_EQ(runZel(folder, "search 127.0.0.1:9 --wait 0.1").status, 1);
