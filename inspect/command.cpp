@@ -138,19 +138,26 @@ int defaultKind(int index)
     return (entry.kinds & 3) == 2 ? ZEL_KIND_RESPONSE : ZEL_KIND_REQUEST;
 }
 
-Message startOf(const MessageOptions& options, const JsonOptions& jsonOptions, int index)
+// What is told apart from fields and data.
+std::vector<Message> startsOf(const MessageOptions& options, const JsonOptions& jsonOptions, int index)
 {
     const int kind = options.kind.empty() ? -1 : kindFromName(options.kind);
+    std::vector<Message> starts;
     if (options.file.empty()) {
         const int chosen = kind < 0 ? defaultKind(index) : kind;
-        return options.sample ? sampleMessage(index, chosen) : makeMessage(index, chosen);
+        starts.push_back(options.sample ? sampleMessage(index, chosen) : makeMessage(index, chosen));
+        return starts;
     }
-    Json json = parseJson(readWhole(options.file));
-    if (json.is_object() && kind >= 0)
-        json["kind"] = nameOfKind(kind);
-    else if (json.is_object() && index >= 0 && !json.contains("kind"))
-        json["kind"] = nameOfKind(defaultKind(index));
-    return fromJson(json, jsonOptions, index);
+    for (Json& json : parseAllJson(readWhole(options.file))) {
+        if (json.is_object() && kind >= 0)
+            json["kind"] = nameOfKind(kind);
+        else if (json.is_object() && index >= 0 && !json.contains("kind"))
+            json["kind"] = nameOfKind(defaultKind(index));
+        starts.push_back(fromJson(json, jsonOptions, index));
+    }
+    if (starts.empty())
+        throw JsonError(options.file + " holds no message");
+    return starts;
 }
 
 void printValues(std::ostream& out, const Json& json, const std::string& path)
@@ -319,7 +326,7 @@ void addMessageOptions(CLI::App& command, MessageOptions& options, const std::st
     command.add_flag("--force", options.force, "Write texts that spoil the document too");
 }
 
-Message describedMessage(const MessageOptions& options, const JsonOptions& jsonOptions)
+std::vector<Message> describedMessages(const MessageOptions& options, const JsonOptions& jsonOptions)
 {
     std::string name = options.name;
     std::vector<std::string> fields = options.fields;
@@ -329,16 +336,21 @@ Message describedMessage(const MessageOptions& options, const JsonOptions& jsonO
     }
     if (name.empty() && options.file.empty())
         throw CLI::RequiredError("MESSAGE");
-    Message message = startOf(options, jsonOptions, name.empty() ? -1 : findMessage(name));
-    setFields(message, fields, jsonOptions);
+    std::vector<Message> messages = startsOf(options, jsonOptions, name.empty() ? -1 : findMessage(name));
+    Bytes data;
     if (!options.dataFile.empty())
-        message.rawData = readWhole(options.dataFile);
-    countData(message);
+        data = readWhole(options.dataFile);
     JsonOptions openly = jsonOptions;
     openly.showSecrets = true;
-    if (!options.force)
-        testTexts(toJson(message, openly), "");
-    return message;
+    for (Message& message : messages) {
+        setFields(message, fields, jsonOptions);
+        if (!options.dataFile.empty())
+            message.rawData = data;
+        countData(message);
+        if (!options.force)
+            testTexts(toJson(message, openly), "");
+    }
+    return messages;
 }
 
 Json entryToJson(int index)

@@ -74,7 +74,7 @@ struct MessageOptions
 {
     std::string name;
     std::vector<std::string> fields;
-    std::string file; // JSON as toJson gives it
+    std::string file; // JSON as toJson gives it, of one message or more
     std::string kind;
     std::string dataFile;
     bool sample = false; // plausible values in place of absent ones
@@ -85,9 +85,9 @@ struct MessageOptions
 // the given name for the JSON file.
 void addMessageOptions(CLI::App& command, MessageOptions& options, const std::string& fileOption);
 
-// The message with all that was told of it. Throws a JsonError or another std::exception that says what is
-// wrong.
-Message describedMessage(const MessageOptions& options, const JsonOptions& jsonOptions);
+// The message with all that was told of it, or all those of the JSON file. Throws a JsonError or another
+// std::exception that says what is wrong.
+std::vector<Message> describedMessages(const MessageOptions& options, const JsonOptions& jsonOptions);
 
 // A message of the catalogue as an object: type, code, word, record, kinds and so on.
 Json entryToJson(int index);

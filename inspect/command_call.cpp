@@ -3,6 +3,7 @@
 #include <iostream>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 #include "inspect/command.h"
 #include "inspect/link.h"
@@ -131,7 +132,11 @@ void callByDatagram(const HostPort& peer, const Message& question, const Common&
 // Without a word of its parameters a query has none, even if the catalogue knows them for its answer.
 Message questionOf(const MessageOptions& options, const JsonOptions& jsonOptions)
 {
-    Message question = describedMessage(options, jsonOptions);
+    std::vector<Message> described = describedMessages(options, jsonOptions);
+    if (described.size() != 1)
+        throw std::invalid_argument(options.file + " holds " + std::to_string(described.size()) +
+                                    " messages, and one is sent");
+    Message question = std::move(described.front());
     const bool isPlain = options.fields.empty() && options.file.empty() && options.kind.empty();
     if (isPlain && question.kind == ZEL_KIND_RESPONSE) {
         question.record = nullptr;

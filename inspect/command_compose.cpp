@@ -65,16 +65,20 @@ Composed composeOrThrow(const Message& message, Cipher cipher)
 
 void runCompose(const Common& common, const ComposeOptions& options)
 {
-    const Message message = describedMessage(options.message, common.jsonOptions());
-    const Composed plain = composeOrThrow(message, Cipher());
     const bool isEnciphered = options.encipher || !common.keyFile.empty();
-    const Composed& sent = isEnciphered ? composeOrThrow(message, common.cipher()) : plain;
+    Bytes sent;
+    Bytes texts;
+    for (const Message& message : describedMessages(options.message, common.jsonOptions())) {
+        const Composed plain = composeOrThrow(message, Cipher());
+        sent += isEnciphered ? composeOrThrow(message, common.cipher()).bytes : plain.bytes;
+        texts.append(textOf(plain)).append("\n");
+    }
     if (!options.output.empty())
-        writeFile(options.output, sent.bytes);
+        writeFile(options.output, sent);
     if (options.hex)
-        printHex(sent.bytes);
+        printHex(sent);
     if (options.text || (options.output.empty() && !options.hex))
-        std::cout << textOf(plain) << '\n';
+        std::cout << texts;
 }
 
 } // namespace
@@ -82,7 +86,7 @@ void runCompose(const Common& common, const ComposeOptions& options)
 void addCompose(CLI::App& zel, Common& common)
 {
     CLI::App* const command =
-        zel.add_subcommand("compose", "Compose a message: its text, a hex dump, or a frame in a file");
+        zel.add_subcommand("compose", "Compose messages: their texts, a hex dump, or frames in a file");
     const auto options = std::make_shared<ComposeOptions>();
     addMessageOptions(*command, options->message, "--json");
     command

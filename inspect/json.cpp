@@ -9,6 +9,7 @@
 #include <cstring>
 #include <iterator>
 #include <limits>
+#include <sstream>
 
 #include <sodium.h>
 
@@ -679,6 +680,13 @@ const Part& choosePart(const std::vector<Part>& parts, std::string_view& path)
     fail(std::string(path), "there is no such field in " + partNames(parts));
 }
 
+// "[json.exception.parse_error.101] parse error at line 1, column 2: ..."
+std::string reasonOf(const Json::exception& error)
+{
+    const std::string_view what = error.what();
+    return std::string(what.substr(std::min(what.find(']') + 2, what.size())));
+}
+
 } // namespace
 
 Json toJson(const Message& message, const JsonOptions& options)
@@ -769,10 +777,22 @@ Json parseJson(std::string_view text)
     try {
         return Json::parse(text);
     } catch (const Json::exception& error) {
-        // "[json.exception.parse_error.101] parse error at line 1, column 2: ..."
-        const std::string_view what = error.what();
-        throw JsonError(std::string(what.substr(std::min(what.find(']') + 2, what.size()))));
+        throw JsonError(reasonOf(error));
     }
+}
+
+std::vector<Json> parseAllJson(const std::string& text)
+{
+    std::vector<Json> all;
+    std::istringstream in(text);
+    try {
+        while (!(in >> std::ws).eof())
+            in >> all.emplace_back();
+    } catch (const Json::exception& error) {
+        throw JsonError((all.size() > 1 ? "value " + std::to_string(all.size()) + ": " : "") +
+                        reasonOf(error));
+    }
+    return all;
 }
 
 void setField(Message& message, std::string_view path, std::string_view value, const JsonOptions& options)

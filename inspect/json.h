@@ -17,6 +17,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "inspect/charset.h"
 #include "inspect/message.h"
@@ -53,6 +54,9 @@ void recordFromJson(const Json& json, const Record& record, void* block, const J
 
 // The whole of a JSON text; throws a JsonError that says where it isn't one.
 Json parseJson(std::string_view text);
+
+// The same of values that stand one behind the other, as many as there are.
+std::vector<Json> parseAllJson(const std::string& text);
 
 // Sets one field of the record, its extension or the header by its path, from a text as a user writes it:
 // "Rows[2].Name" and "door", "ChannelId" and "0x10", "Rows" and "[{...}]". "record.", "extension." and

@@ -131,6 +131,10 @@ TEST(ZelCompose, MakesTextsFramesAndDumps)
     folder.write("json", runZel(folder, "read --json frame").out);
     EXPECT_EQ(runZel(folder, "compose --json json -o again").status, 0);
     EXPECT_EQ(folder.read("again"), frame);
+    folder.write("stream", frame + frame);
+    folder.write("json", runZel(folder, "read --json stream").out);
+    EXPECT_EQ(runZel(folder, "compose --json json -o -").out, frame + frame);
+    EXPECT_EQ(runZel(folder, "compose --json json").out, std::string(kJump) + kJump);
 
     EXPECT_EQ(runZel(folder, jump + " --encipher -o enciphered").status, 0);
     EXPECT_EQ(folder.read("enciphered").find("XML_ZELMAR"), std::string::npos);
@@ -164,6 +168,10 @@ TEST(ZelCompose, SaysWhatCannotBe)
     fails("500 'Title=a\"b'", "--force writes it");
     fails("NVR_REPLAY_MESSAGE/3010 --kind perhaps", "isn't request, response");
     fails("--json nothing.json", "nothing.json");
+    folder.write("empty", " \n");
+    fails("--json empty", "empty holds no message");
+    folder.write("second", "{\"type\":\"NVR_REPLAY_MESSAGE\",\"code\":\"3010\"}\n{]");
+    fails("--json second", "value 2: parse error at line 1, column 2");
     fails("NVR_REPLAY_MESSAGE/3010 --key-file nothing", "nothing can't be read");
     folder.write("short.key", "abc");
     fails("NVR_REPLAY_MESSAGE/3010 --key-file short.key", "holds neither 32 bytes nor 64 hexadecimal digits");
