@@ -96,8 +96,7 @@ void readAll(const std::string& bytes, Format format)
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    static const bool isQuiet = (ZelPlatformSetLogLevel(ZEL_PLATFORM_LOG_NONE), true);
-    require(isQuiet, "the log is quiet");
+    ZelPlatformSetLogLevel(ZEL_PLATFORM_LOG_NONE);
     Input input{data, size};
     const auto format = static_cast<Format>(input.byte() % (static_cast<int>(Format::kCapture) + 1));
     Input choice{input.data, std::min<size_t>(input.size, 4)};

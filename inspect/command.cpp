@@ -388,8 +388,10 @@ Bytes readWhole(const std::string& path)
     std::istream& in = path == "-" ? std::cin : file;
     Bytes all;
     char piece[1 << 16];
-    while (in.read(piece, sizeof piece), in.gcount() > 0 && all.size() <= kMost)
+    while (in && all.size() <= kMost) {
+        in.read(piece, sizeof piece);
         all.append(piece, static_cast<std::size_t>(in.gcount()));
+    }
     if (in.bad() || !in.eof())
         throw std::runtime_error(path + (all.size() > kMost ? " is too large" : " can't be read"));
     return all;
