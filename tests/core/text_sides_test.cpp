@@ -101,7 +101,7 @@ TEST(TextSides, WriterAtEverySize)
     Everything record;
     const std::string whole = "<Element\n" + kEverything +
                               "/>\n<Closed\nNumber=\"-12\"/>\n<Line Number=\"-12\" Byte=\"200\" >\n"
-                              "<Child \nNumber =\"-12\"\n/></Line>\n<Text>-12</Text>";
+                              "<Child \nNumber =\"-12\"\nText =\"full\"\n/></Line>\n<Text>-12</Text>";
     const auto fill = [&](TextWriter& out) {
         if (const Element plain = element(out, "Element"))
             everything(out, record);
@@ -112,8 +112,10 @@ TEST(TextSides, WriterAtEverySize)
             onSameLine(out);
             attribute(out, "Byte", record.byte);
             line.elements();
-            if (const Element child = element(out, "Child", kBlankBehindName | kNoLineFeed))
+            if (const Element child = element(out, "Child", kBlankBehindName | kNoLineFeed)) {
                 attributeBehindBlank(out, "Number", record.number);
+                attributeBehindBlank(out, "Text", record.text);
+            }
         }
         textElement(out, "Text", record.number, kNoLineFeed);
         EXPECT_EQ(out.length(), whole.size());
