@@ -13,6 +13,7 @@ namespace inspect {
 
 namespace {
 
+constexpr std::size_t kMagicSize = 4;
 constexpr std::size_t kGuessedFrom = 4096;
 constexpr std::size_t kChunk = 256u << 10;
 
@@ -22,14 +23,13 @@ bool isCapture(std::string_view bytes)
     constexpr std::array<std::string_view, 7> kMagics = {
         "\xa1\xb2\xc3\xd4", "\xd4\xc3\xb2\xa1", "\xa1\xb2\x3c\x4d", "\x4d\x3c\xb2\xa1",
         "\xa1\xb2\xcd\x34", "\x34\xcd\xb2\xa1", "\x0a\x0d\x0d\x0a"};
-    return std::find(kMagics.begin(), kMagics.end(), bytes.substr(0, 4)) != kMagics.end();
+    return std::find(kMagics.begin(), kMagics.end(), bytes.substr(0, kMagicSize)) != kMagics.end();
 }
 
 bool isFrame(std::string_view bytes)
 {
     ZEL_FRAME_HEAD head;
-    const int count = static_cast<int>(std::min<std::size_t>(bytes.size(), 4));
-    return count == 4 && ZelProtocolFrameHeadRead(bytes.data(), count, 1, &head) == 0;
+    return bytes.size() >= kMagicSize && ZelProtocolFrameHeadRead(bytes.data(), kMagicSize, 1, &head) == 0;
 }
 
 bool isText(std::string_view bytes)
@@ -39,12 +39,15 @@ bool isText(std::string_view bytes)
             bytes.find("<XML_ZELMAR") != std::string_view::npos);
 }
 
-Format guess(std::string_view beginning)
+// Asks for no more than tells: what comes through a pipe may pause.
+Format guess(Input& input)
 {
-    if (isCapture(beginning))
+    const std::string_view magic = input.peek(kMagicSize);
+    if (isCapture(magic))
         return Format::kCapture;
-    if (isFrame(beginning))
+    if (isFrame(magic))
         return Format::kFrames;
+    const std::string_view beginning = input.peek(kGuessedFrom);
     if (isHexDump(beginning))
         return Format::kHex;
     return isText(beginning) ? Format::kText : Format::kFrames;
@@ -68,10 +71,9 @@ void readStream(Input& input, Gaps gaps, const Receive& receive)
 
 void read(Input& input, Format format, const Receive& receive)
 {
-    const std::string_view beginning = input.peek(kGuessedFrom);
-    if (beginning.empty())
+    if (input.peek(1).empty())
         return reportDamage(receive, "it is empty");
-    switch (format == Format::kGuessed ? guess(beginning) : format) {
+    switch (format == Format::kGuessed ? guess(input) : format) {
     case Format::kCapture:
         return readCapture(input, receive);
     case Format::kHex:

@@ -6,6 +6,7 @@
 #include <pcap/pcap.h>
 #include <string>
 #include <tins/tins.h>
+#include <unistd.h>
 #include <vector>
 
 #include "inspect/capture.h"
@@ -610,6 +611,27 @@ TEST(CaptureReading, Files)
     readBytes(printed, Format::kGuessed, second.receive());
     EXPECT_EQ(second.lines, (Lines{line(0, text("a")), line(frame.size(), text("a"))}));
     EXPECT_EQ(second.times, (std::vector<double>{1700000000.25, 1700000001.25}));
+}
+
+// Whoever waits at a pipe is shown what came: here it ends only when a message was found.
+TEST(Reading, APipeThatPausesIsShown)
+{
+    const auto found = [](const std::string& bytes, Format format) {
+        int ends[2];
+        EXPECT_EQ(pipe(ends), 0);
+        EXPECT_EQ(write(ends[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+        Lines lines;
+        readFile("/dev/fd/" + std::to_string(ends[0]), format,
+                 [&](const Found& one) {
+                     lines.emplace_back(one.payload);
+                     close(ends[1]);
+                 },
+                 {});
+        close(ends[0]);
+        return lines;
+    };
+    EXPECT_EQ(found(framed(text("a")), Format::kGuessed), Lines{text("a")});
+    EXPECT_EQ(found(text("a") + "\n", Format::kText), Lines{text("a")});
 }
 
 // The program.
