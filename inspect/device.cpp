@@ -1,12 +1,14 @@
 #include "inspect/device.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string_view>
 
 #include <sodium.h>
 
+#include "inspect/fields.h"
 #include "inspect/json.h"
 #include "inspect/sample.h"
 #include "zel_protocol/zel_protocol.h"
@@ -61,6 +63,59 @@ RecordBlock copyOf(const Message& message)
     return copy;
 }
 
+// Lays the values of a record that aren't absent over another's. Behind the last row that has one there are
+// no more. `fresh` is the record without values.
+class Overlay
+{
+public:
+    Overlay(const std::uint8_t* fresh, const char* from, char* to) : m_fresh(fresh), m_from(from), m_to(to) {}
+
+    // Tells whether there were any.
+    bool record(const Record& record, std::size_t at) const
+    {
+        bool isTold = false;
+        for (const Field& field : record.fields)
+            isTold |= values(field, at + field.offset);
+        return isTold;
+    }
+
+private:
+    bool values(const Field& field, std::size_t at) const
+    {
+        const std::size_t count =
+            std::max<std::size_t>(field.rows, 1) * std::max<std::size_t>(field.columns, 1);
+        if (field.type == Type::kPointer)
+            return false;
+        if (!field.nested && field.type != Type::kText)
+            return bytes(at, count * field.size,
+                         std::memcmp(m_from + at, m_fresh + at, count * field.size) != 0);
+        std::size_t told = 0;
+        for (std::size_t row = 0; row < count; ++row)
+            if (value(field, at + row * field.size))
+                told = row + 1;
+        if (told != 0)
+            std::memcpy(m_to + at + told * field.size, m_fresh + at + told * field.size,
+                        (count - told) * field.size);
+        return told != 0;
+    }
+
+    bool value(const Field& field, std::size_t at) const
+    {
+        return field.nested ? record(*field.nested, at) : bytes(at, field.size, m_from[at] != '\0');
+    }
+
+    bool bytes(std::size_t at, std::size_t size, bool isTold) const
+    {
+        if (isTold)
+            std::memcpy(m_to + at, m_from + at, size);
+        return isTold;
+    }
+
+    const std::uint8_t* m_fresh;
+    const char* m_from;
+    char* m_to;
+};
+
 bool isAnswered(const ZEL_CATALOGUE_ENTRY& entry)
 {
     return (entry.kinds >> ZEL_KIND_RESPONSE & 1) != 0 || entry.kinds == 0;
@@ -113,18 +168,20 @@ Message Device::answerTo(const Message& question, int index)
     return message;
 }
 
-// A setting goes into the records of its kind that queries are answered with.
-void Device::takeOver(const Message& question)
+// A setting's values go into the records of its kind that queries are answered with.
+void Device::takeOver(const Message& setting)
 {
-    if (!question.record || !question.entry.record)
+    if (!setting.record || !setting.entry.record)
         return;
-    const std::string_view original = findRecord(question.entry.record)->original;
+    const Record& told = *findRecord(setting.entry.record);
     for (int index = 0; index < ZelProtocolCatalogueCount(); ++index) {
         ZEL_CATALOGUE_ENTRY entry{};
         ZelProtocolCatalogueEntry(index, &entry);
         if (entry.record && std::string_view(entry.Msg_type) == "SYSTEM_CONFIG_GET_MESSAGE" &&
-            findRecord(entry.record)->original == original)
-            kept(index).record = question.record;
+            findRecord(entry.record)->original == told.original)
+            Overlay(told.fresh.data(), static_cast<const char*>(setting.record.get()),
+                    static_cast<char*>(kept(index).record.get()))
+                .record(told, 0);
     }
 }
 

@@ -43,7 +43,7 @@ private:
     std::optional<Message> logIn(const Message& question, Session& session);
     std::optional<Message> unwrap(const Message& question, Session& session);
     std::optional<Message> foundBy(const Message& question);
-    void takeOver(const Message& question);
+    void takeOver(const Message& setting);
 
     std::map<int, Message> m_kept; // made as they are asked for
 };

@@ -140,6 +140,37 @@ TEST(Device, TakesOverWhatItIsTold)
     EXPECT_EQ(toJson(ask(query), {})["record"]["Title"], "door");
 }
 
+// Absent values of a setting leave what there is, and the last row that it has is the last one there is.
+TEST(Device, KeepsWhatASettingDoesNotTell)
+{
+    Device device;
+    device.hasSamples = true;
+    Session session;
+    const auto ask = [&](const Message& message) {
+        Cipher plain;
+        return toJson(*device.answer(
+                          analyse(compose(message, plain).bytes.substr(ZEL_FRAME_HEAD_SIZE), plain), session),
+                      {})["record"];
+    };
+    const auto messageOf = [](const char* name) {
+        return makeMessage(findMessages(name).front(), ZEL_KIND_REQUEST);
+    };
+    Message query = messageOf("SYSTEM_CONFIG_GET_MESSAGE/500");
+    query.record = nullptr;
+    Json expected = ask(query);
+    ASSERT_EQ(expected["stMaskRows"].size(), 2u);
+    Message setting = messageOf("SYSTEM_CONFIG_SET_MESSAGE/520");
+    setField(setting, "Title", "door", {});
+    setField(setting, "WDRStartTime[1]", "30", {});
+    setField(setting, "stMaskRows[0].Area2PosX", "7", {});
+    ask(setting);
+    expected["Title"] = "door";
+    expected["WDRStartTime"] = {nullptr, 30};
+    expected["stMaskRows"].erase(1);
+    expected["stMaskRows"][0]["Area2PosX"] = 7;
+    EXPECT_EQ(ask(query), expected);
+}
+
 TEST(ZelServe, AnswersCallsPlainAndEnciphered)
 {
     const Folder folder;
