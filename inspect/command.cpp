@@ -70,19 +70,12 @@ std::string namesOf(const std::vector<int>& messages)
     return messages.size() > kMostNamed ? names + "\n  ..." : names;
 }
 
-// Those that a name is a part of.
-std::vector<int> similarMessages(std::string_view name)
+bool hasPart(std::string_view whole, std::string_view part)
 {
-    std::vector<int> similar;
-    for (int index = 0; index < ZelProtocolCatalogueCount(); ++index) {
-        const std::string full = nameOf(index);
-        const auto found =
-            std::search(full.begin(), full.end(), name.begin(), name.end(),
-                        [](char one, char other) { return std::toupper(one) == std::toupper(other); });
-        if (found != full.end())
-            similar.push_back(index);
-    }
-    return similar;
+    const auto isSame = [](unsigned char one, unsigned char other) {
+        return std::toupper(one) == std::toupper(other);
+    };
+    return std::search(whole.begin(), whole.end(), part.begin(), part.end(), isSame) != whole.end();
 }
 
 // --- Messages from arguments ---------------------------------------------------------------------
@@ -293,6 +286,21 @@ void addPlace(Json& json, const std::string& file, const Found& found)
     }
     if (found.offset != Found::kNoOffset)
         json["offset"] = found.offset;
+}
+
+std::vector<int> similarMessages(const std::string& part)
+{
+    std::vector<int> similar;
+    for (int index = 0; index < ZelProtocolCatalogueCount(); ++index) {
+        ZEL_CATALOGUE_ENTRY entry{};
+        ZelProtocolCatalogueEntry(index, &entry);
+        bool isSimilar = hasPart(nameOf(index), part);
+        for (const char* const name : {entry.operation, entry.record, entry.extension})
+            isSimilar = isSimilar || (name && hasPart(name, part));
+        if (isSimilar)
+            similar.push_back(index);
+    }
+    return similar;
 }
 
 int findMessage(const std::string& name)

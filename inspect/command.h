@@ -66,6 +66,9 @@ std::string timeText(double time);
 std::string placeOf(const std::string& file, const Found& found);
 void addPlace(Json& json, const std::string& file, const Found& found);
 
+// All that have a part in the name of their own, their operation's or a record's. Capitals don't matter.
+std::vector<int> similarMessages(const std::string& part);
+
 // The one message that a user names; throws a CLI::ValidationError that lists them where several fit.
 int findMessage(const std::string& name);
 

@@ -35,9 +35,11 @@ void printTable(const std::vector<int>& messages)
 std::vector<int> chosen(const std::string& filter)
 {
     if (!filter.empty()) {
-        const std::vector<int> found = findMessages(filter);
+        std::vector<int> found = findMessages(filter);
         if (found.empty())
-            throw CLI::ValidationError(filter + " is no message that the catalogue knows");
+            found = similarMessages(filter);
+        if (found.empty())
+            throw CLI::ValidationError(filter + " is in no name that the catalogue knows");
         return found;
     }
     std::vector<int> all(static_cast<std::size_t>(ZelProtocolCatalogueCount()));
@@ -63,7 +65,7 @@ void addList(CLI::App& zel, Common& common)
     const auto filter = std::make_shared<std::string>();
     command
         ->add_option("NAME", *filter,
-                     "Only those of this name: a type, a code, a word, an operation or a record")
+                     "Only those of this type, code, word, operation or record, or with a part of its name")
         ->type_name("");
     addJsonOption(*command, common);
     command->callback([&common, filter] { runList(common, *filter); });

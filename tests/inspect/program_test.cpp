@@ -71,6 +71,8 @@ TEST(ZelList, NamesAllMessagesOrThoseThatFit)
     const auto json =
         inspect::parseJson(firstLineOf(runZel(folder, "list --json NVR_REPLAY_MESSAGE/3010").out));
     EXPECT_EQ(json["record"], "NVR_REPLAY_3010_PARAM");
+    EXPECT_EQ(firstLineOf(runZel(folder, "list playjump").out),
+              "NVR_REPLAY_MESSAGE/3010  request, response  NvrReplay_PlayJump_MessageAnalysis");
     EXPECT_EQ(runZel(folder, "list nothing").status, 2);
 }
 
