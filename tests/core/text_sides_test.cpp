@@ -216,6 +216,16 @@ TEST(TextSides, NumbersAsTheStandardFunctionsReadThem)
         readFrom(text, 0, [&](Side& in, int) { timeAttribute(in, "a", read); });
         EXPECT_EQ(memcmp(read, parts.data(), sizeof read), 0) << text;
     }
+
+    // Two places at most for each.
+    const std::pair<const char*, std::array<int32_t, 3>> weeks[] = {
+        {" 8: 5:\n9z", {8, 5, 9}}, {"-8:123:4", {-8, 12, -1}}, {"8;5:9", {8, -1, -1}},
+        {"8:", {8, -1, -1}},       {"8: ", {8, -1, -1}},       {":5", {-1, -1, -1}}};
+    for (const auto& [text, parts] : weeks) {
+        int32_t read[3] = {-1, -1, -1};
+        readFrom(text, 0, [&](Side& in, int) { numbersAttribute(in, "a", kWeekClock, read); });
+        EXPECT_EQ(memcmp(read, parts.data(), sizeof read), 0) << text;
+    }
 }
 
 // strncpy fills a field to its last byte, the service's reader keeps room for the terminator.
