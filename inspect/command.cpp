@@ -90,14 +90,14 @@ void setFields(Message& message, const std::vector<std::string>& fields, const J
     }
 }
 
-// A record whose length of raw data isn't told gets it.
-void countData(Message& message)
+// A record that doesn't tell how long its raw data is gets the length, and any record where `isSure`.
+void countData(Message& message, bool isSure)
 {
     if (message.rawData.empty() || !message.record || announcedData(message) == message.rawData.size())
         return;
     const Json record = toJson(message, {})["record"];
     for (const char* const length : {"DataLen", "iRespDataLen"})
-        if (findRecord(message.entry.record)->find(length) && !record.contains(length))
+        if (findRecord(message.entry.record)->find(length) && (isSure || !record.contains(length)))
             setField(message, length, std::to_string(message.rawData.size()), {});
 }
 
@@ -351,10 +351,12 @@ std::vector<Message> describedMessages(const MessageOptions& options, const Json
     JsonOptions openly = jsonOptions;
     openly.showSecrets = true;
     for (Message& message : messages) {
-        setFields(message, fields, jsonOptions);
         if (!options.dataFile.empty())
             message.rawData = data;
-        countData(message);
+        if (options.sample)
+            countData(message, true);
+        setFields(message, fields, jsonOptions);
+        countData(message, false);
         if (!options.force)
             testTexts(toJson(message, openly), "");
     }

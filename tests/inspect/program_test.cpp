@@ -138,6 +138,14 @@ TEST(ZelCompose, MakesTextsFramesAndDumps)
     EXPECT_EQ(runZel(folder, "compose --json json -o -").out, frame + frame);
     EXPECT_EQ(runZel(folder, "compose --json json").out, std::string(kJump) + kJump);
 
+    // The raw data that is told is announced, not a sample's.
+    for (const char* const start : {"", " --sample"})
+        EXPECT_EQ(
+            runZel(folder, std::string("compose MEDIA_DATA_MESSAGE/1 --data frame -o data") + start).status,
+            0);
+    EXPECT_NE(runZel(folder, "read data").out.find(std::to_string(frame.size()) + " of raw data"),
+              std::string::npos);
+
     EXPECT_EQ(runZel(folder, jump + " --encipher -o enciphered").status, 0);
     EXPECT_EQ(folder.read("enciphered").find("XML_ZELMAR"), std::string::npos);
 }
