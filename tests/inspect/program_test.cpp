@@ -148,6 +148,10 @@ TEST(ZelCompose, MakesTextsFramesAndDumps)
 
     EXPECT_EQ(runZel(folder, jump + " --encipher -o enciphered").status, 0);
     EXPECT_EQ(folder.read("enciphered").find("XML_ZELMAR"), std::string::npos);
+    // Mode 0 has a key of its own.
+    folder.write("key", std::string(64, 'a'));
+    EXPECT_EQ(runZel(folder, jump + " --mode 0 --key-file key -o enciphered").status, 0);
+    EXPECT_NE(runZel(folder, "read --mode 0 enciphered").out.find("ChannelId = 2"), std::string::npos);
 }
 
 TEST(ZelCompose, TextsGoOutInTheCharsetThatIsAskedFor)
@@ -177,12 +181,14 @@ TEST(ZelCompose, SaysWhatCannotBe)
     fails("500 'stEncodeConfig[7].Stream=1'", "row 7, and there are 2");
     fails("500 'Title=a\"b'", "--force writes it");
     fails("NVR_REPLAY_MESSAGE/3010 --kind perhaps", "isn't request, response");
-    fails("--json nothing.json", "nothing.json");
+    fails("--json nothing.json", "nothing.json can't be read");
     folder.write("empty", " \n");
     fails("--json empty", "empty holds no message");
     folder.write("second", "{\"type\":\"NVR_REPLAY_MESSAGE\",\"code\":\"3010\"}\n{]");
     fails("--json second", "value 2: parse error at line 1, column 2");
     fails("NVR_REPLAY_MESSAGE/3010 --key-file nothing", "nothing can't be read");
+    folder.write("data", "raw");
+    fails("SYSTEM_SEARCHIPC_MESSAGE/1 --data data", "nothing follows a bare text");
     folder.write("short.key", "abc");
     fails("NVR_REPLAY_MESSAGE/3010 --key-file short.key", "holds neither 32 bytes nor 64 hexadecimal digits");
     fails("NVR_REPLAY_MESSAGE/3010 -o /no/such/folder/frame", "can't be written");

@@ -409,7 +409,9 @@ TEST(CaptureReading, SegmentsComeInAnyOrderAndTwice)
 {
     const Sender sender;
     Stream stream(sender);
-    Taken taken;
+    CaptureLimits limits;
+    limits.waiting = 500; // at once, however many there are in all
+    Taken taken(limits);
     taken.take(sender.start()).take(sender.start());
     // In turn: four backwards, then overlapping ones that were there already.
     for (std::size_t i = 0; i < stream.segments.size(); i += 4) {

@@ -203,6 +203,15 @@ TEST(ZelServe, AnswersCallsPlainAndEnciphered)
     EXPECT_EQ(runZel(folder, call + " --wait 1").status, 1);
 }
 
+TEST(Link, HostsAndPorts)
+{
+    EXPECT_EQ(splitHostPort("[::1]:80").host, "::1");
+    EXPECT_EQ(splitHostPort("camera:80").host, "camera");
+    EXPECT_EQ(splitHostPort("9000").host, "");
+    for (const char* const wrong : {"", "camera", "camera:", "camera:65536", "::1:80", "camera:8o"})
+        EXPECT_THROW(splitHostPort(wrong), std::invalid_argument) << wrong;
+}
+
 TEST(ZelServe, SaysWhatIsWrong)
 {
     const Folder folder;
@@ -229,6 +238,17 @@ TEST(ZelServe, ManyConnectionsAndBrokenOnesHurtNobody)
     const Socket broken = connectTo(target, deadline);
     sendAll(broken, "GET / HTTP/1.1\r\n\r\n", deadline);
     EXPECT_EQ(receive(broken, deadline), "");
+    Cipher plain;
+    const Bytes search =
+        compose(sampleMessage(findMessages("SYSTEM_SEARCHIPC_MESSAGE/1").front(), ZEL_KIND_REQUEST), plain)
+            .bytes;
+    std::string head(ZEL_FRAME_HEAD_SIZE, '\0');
+    ZelProtocolFrameHeadWrite(head.data(), ZEL_FRAME_PLAIN, static_cast<std::uint32_t>(search.size()));
+    for (const std::string& bytes : {search, head + search}) {
+        const Socket bare = connectTo(target, deadline);
+        sendAll(bare, bytes, deadline);
+        EXPECT_EQ(receive(bare, deadline), "") << "a datagram's message";
+    }
     const Ran ran = runZel(folder, "call " + serving.at + " SYSTEM_CONTROL_MESSAGE/1012");
     EXPECT_EQ(ran.status, 0) << ran.err;
 }
