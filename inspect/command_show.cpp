@@ -73,6 +73,11 @@ std::string padded(std::string text, std::size_t width)
     return text;
 }
 
+void printLine(const std::string& line)
+{
+    std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
+}
+
 void printAttribute(const Described& part)
 {
     std::string line =
@@ -90,8 +95,7 @@ void printAttribute(const Described& part)
             note("a secret");
     }
     note(nameOf(part.direction));
-    line += notes;
-    std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
+    printLine(line + notes);
 }
 
 void printHead(int index, const ZEL_CATALOGUE_ENTRY& entry)
@@ -132,8 +136,7 @@ void printOthers(const char* name, bool isExtension, const std::vector<Form>& ki
         if (isFirst)
             std::cout << "\nFields of " << record->name << " beside these\n";
         isFirst = false;
-        const std::string line = padded("  " + declarationOf(field), 54);
-        std::cout << line << field.comment << '\n';
+        printLine(padded("  " + declarationOf(field), 54).append(field.comment));
     }
 }
 

@@ -93,6 +93,24 @@ request, other-request
 )");
     EXPECT_NE(page.find("\nresponse, other-response\n  <RESPONSE_PARAM>\n"), std::string::npos);
 
+    const std::string rows = runZel(folder, "show SYSTEM_CONFIG_GET_MESSAGE/1420").out;
+    EXPECT_EQ(rows.substr(rows.find("\n  <")).erase(rows.find("\n<?xml") - rows.find("\n  <")), R"(
+  <SceneAudio>
+    <AlarmAudio>  up to 6
+      AlarmAudioIndex             number              int32_t stAlarmAudio[0].AlarmAudioIndex
+      AlarmAudioName              text                char stAlarmAudio[0].AlarmAudioName[256]
+      AlarmAudioEnable            number              int32_t stAlarmAudio[0].AlarmAudioEnable 0 or 1; -1: a free row
+)");
+    EXPECT_EQ(rows.substr(rows.find("\nFields")), R"(
+Fields of SYSTEM_CONFIG_GET_1420_PARAM beside these
+  int32_t AlarmAudioIndex                             1421 only, as the next: the sound
+  int32_t AlarmAudioOperation                         and what is to be done with it
+)");
+    const auto elements = inspect::parseJson(
+        runZel(folder, "show --json SYSTEM_CONFIG_GET_MESSAGE/1420").out)["forms"][0]["parts"];
+    EXPECT_EQ(elements[0].dump(), R"({"path":"SceneAudio"})");
+    EXPECT_EQ(elements[1].dump(), R"({"path":"SceneAudio/AlarmAudio","rows":6})");
+
     const auto json = inspect::parseJson(runZel(folder, "show --json USER_AUTH").out);
     const auto& parts = json["forms"][0]["parts"];
     const auto password = std::find_if(

@@ -190,6 +190,7 @@ TEST(ZelServe, AnswersCallsPlainAndEnciphered)
     EXPECT_EQ(parseJson(changed.out)["record"]["Title"], "door");
 
     const Ran found = runZel(folder, "search --json --wait 0.3 " + serving.at);
+    EXPECT_EQ(parseJson(found.out)["record"]["stDevice"]["Name"], "zel");
     EXPECT_EQ(found.status, 0) << found.err;
     EXPECT_EQ(std::to_string(parseJson(found.out)["record"]["stStream"]["PTZPort"].get<int>()),
               afterLast(serving.at, ':'));
