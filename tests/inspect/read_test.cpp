@@ -143,6 +143,9 @@ TEST(Splitter, GoesOnAtTheNextFrameAfterDamage)
                                  " bytes there are only " + std::to_string(2 * size - 8) + ": it ends"),
                      others[0], others[1]}));
 
+    for (std::size_t junk = 1; junk < 300; ++junk) // wherever it ends, the search finds the beginning
+        EXPECT_EQ(linesOf(frame + std::string(junk, 'x') + next).back(), line(size + junk, text("b")));
+
     const std::string open = text("c").substr(0, 60);
     EXPECT_EQ(linesOf(open + text("d")),
               (Lines{line(0, "! a text without its closing tag"), line(60, "bare " + text("d"))}));

@@ -1,4 +1,5 @@
 // Devices are found, asked and stood in for, over loopback and bounded in time.
+#include <algorithm>
 #include <arpa/inet.h>
 #include <chrono>
 #include <csignal>
@@ -331,6 +332,31 @@ TEST(ZelCall, EndsInTimeWhateverTheDeviceDoes)
         EXPECT_NE(afterLast(ran.err.substr(0, ran.err.size() - 1), '\n').find(device.said), std::string::npos)
             << ran.err.substr(0, 500);
     }
+}
+
+// One host may stand for several devices, and say the same more than once.
+TEST(ZelSearch, PrintsEveryAnswerOnce)
+{
+    const Folder folder;
+    const Socket devices = datagramsOn({"127.0.0.1", "0"});
+    std::thread answering([&] {
+        Cipher plain;
+        Endpoint from;
+        if (!waitToReceive(devices, Clock::now() + std::chrono::seconds(10)))
+            return;
+        receiveDatagram(devices, from);
+        for (const char* const code : {"3", "21", "3"})
+            sendDatagram(
+                devices, from,
+                compose(sampleMessage(findMessages("SYSTEM_SEARCHIPC_MESSAGE/" + std::string(code)).front(),
+                                      ZEL_KIND_RESPONSE),
+                        plain)
+                    .bytes);
+    });
+    const Ran ran = runZel(folder, "search --json --wait 1 " + nameOf(ownEnd(devices)));
+    answering.join();
+    EXPECT_EQ(ran.status, 0) << ran.err;
+    EXPECT_EQ(std::count(ran.out.begin(), ran.out.end(), '\n'), 2) << ran.out;
 }
 
 TEST(ZelCall, SaysHowItWasUsedWrongly)
